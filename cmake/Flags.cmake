@@ -1,0 +1,12 @@
+# The flags of all our own targets; libraries from Debian are not held to them.
+add_library(tvk_flags INTERFACE)
+target_compile_features(tvk_flags INTERFACE cxx_std_17)
+target_compile_options(tvk_flags INTERFACE -Wall -Wextra -Wconversion -Wshadow -Wpedantic -Werror)
+# Exported bytes must not depend on the machine: no fused multiply-add, no wider intermediates.
+target_compile_options(tvk_flags INTERFACE -ffp-contract=off)
+
+set(TVK_SANITIZE "" CACHE STRING "Sanitizers for every target, as in -fsanitize=…")
+if(TVK_SANITIZE)
+    target_compile_options(tvk_flags INTERFACE -fsanitize=${TVK_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(tvk_flags INTERFACE -fsanitize=${TVK_SANITIZE})
+endif()

@@ -1,0 +1,36 @@
+# Rooms are static libraries with a visible door: a target sees the headers of the rooms that it names in
+# DEPENDS (and of theirs), and of no other room, so a wrong arrow fails to compile or to link.
+#
+# The door is a folder of its own per room that holds one symbolic link, PREFIX -> the room's source folder;
+# it stands outside the presets' build folders so that all presets share one compiler cache.
+set(TVK_DOORS "${CMAKE_SOURCE_DIR}/build/doors")
+
+function(tvk_open_door target prefix)
+    get_filename_component(parent "${TVK_DOORS}/${target}/${prefix}" DIRECTORY)
+    file(MAKE_DIRECTORY "${parent}")
+    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${TVK_DOORS}/${target}/${prefix}" SYMBOLIC)
+endfunction()
+
+# tvk_room(NAME PREFIX path/in/includes SOURCES a.cpp … [DEPENDS rooms…] [PRIVATE libraries…])
+#   Headers are included as "PREFIX/Header.h". A room without sources is an interface library.
+function(tvk_room target)
+    cmake_parse_arguments(ROOM "" "PREFIX" "SOURCES;DEPENDS;PRIVATE" ${ARGN})
+    tvk_open_door(${target} ${ROOM_PREFIX})
+    if(ROOM_SOURCES)
+        add_library(${target} STATIC ${ROOM_SOURCES})
+        target_include_directories(${target} PUBLIC "${TVK_DOORS}/${target}")
+        target_link_libraries(${target} PUBLIC ${ROOM_DEPENDS} PRIVATE tvk_flags ${ROOM_PRIVATE})
+    else()
+        add_library(${target} INTERFACE)
+        target_include_directories(${target} INTERFACE "${TVK_DOORS}/${target}")
+        target_link_libraries(${target} INTERFACE ${ROOM_DEPENDS})
+    endif()
+endfunction()
+
+# tvk_test(NAME SOURCES a.cpp … DEPENDS rooms…): one GoogleTest program, its cases known to CTest one by one.
+function(tvk_test target)
+    cmake_parse_arguments(TEST "" "" "SOURCES;DEPENDS" ${ARGN})
+    add_executable(${target} ${TEST_SOURCES})
+    target_link_libraries(${target} PRIVATE ${TEST_DEPENDS} tvk_flags GTest::gmock_main)
+    gtest_discover_tests(${target} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()
