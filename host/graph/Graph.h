@@ -1,0 +1,113 @@
+#pragma once
+
+#include "host/graph/Node.h"
+#include "host/graph/Units.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host {
+
+/// What setting or connecting can say. `ok()` or one line of text without a full stop, naming the plug.
+struct GraphResult {
+    std::string error;
+    bool ok() const { return error.empty(); }
+};
+
+/// The dependency graph of one scene: owns the nodes, their connections and the current time, and answers what any
+/// plug's value is now. Values in and out are in internal units (centimetres, radians, ticks).
+///
+/// Evaluation is by pull: reading a plug computes what is not in the cache; changing a value, a connection, the time or
+/// the DAG drops exactly the cached outputs that depend on it. Cycles give the stored value and one warning per plug.
+class Graph {
+public:
+    explicit Graph(NodeTypeRegistry& types);
+    ~Graph();
+
+    NodeTypeRegistry& types() { return types_; }
+
+    // --- nodes
+    Node& create(const NodeType& type, std::string name);
+    /// Disconnects, unparents and frees it (DAG children with it when this was their only parent).
+    void destroy(Node& node);
+    void rename(Node& node, std::string name);
+    Node* node(NodeId id) const;             // null when it is gone
+    const std::vector<Node*>& nodes() const; // creation order
+    Node& world() const;                     // the DAG root: not exported, not named in files
+
+    // --- DAG
+    /// Adds `parent` to the node's parents. Refuses a cycle (`a` below itself), a shape as parent, and a parent given
+    /// twice.
+    GraphResult addParent(Node& node, Node& parent);
+    GraphResult removeParent(Node& node, Node& parent);
+    bool isAncestor(const Node& ancestor, const Node& node) const;
+
+    // --- plugs by name: "a", "a.b", "a[3].b[0:2]" without the node. Ranges are in PlugRange (parsePlugPath.h).
+    /// Address of an attribute path on this node, indices included; attr is kNoAttr when there is none.
+    PlugAddress findPlug(const Node& node, std::string_view path) const;
+    /// "long.names[2].of" as the host prints it, without the node.
+    std::string plugName(const Node& node, const PlugAddress& at, bool longNames) const;
+
+    // --- connections
+    /// Refuses unknown or unreadable/unwritable plugs, incompatible kinds, and locked destinations; an existing source
+    /// is replaced only with `force`.
+    GraphResult connect(const Plug& source, const Plug& destination, bool force);
+    GraphResult disconnect(const Plug& source, const Plug& destination);
+    /// The plug that is connected to exactly this plug; null when none.
+    Plug sourceOf(const Plug& destination) const;
+    /// The source that drives this plug: its own, or the matching child/element of what drives an ancestor compound.
+    Plug drivingSource(const Plug& destination) const;
+    std::vector<Plug> destinationsOf(const Plug& source) const;
+    /// Lowest logical index that is neither stored nor connected, for `connectAttr -nextAvailable`.
+    std::int32_t nextAvailableIndex(const Plug& array) const;
+    /// Logical indices that are stored, connected or (world-space arrays) exist per path; ascending.
+    std::vector<std::int32_t> elementIndices(const Plug& array) const;
+
+    // --- values now
+    double number(const Plug& plug);
+    std::string string(const Plug& plug);
+    Matrix44 matrix(const Plug& plug);
+    DataPtr data(const Plug& plug); // null when there is none
+
+    // --- stored values. Setting a connected or locked plug is refused; computed outputs too.
+    GraphResult setNumber(const Plug& plug, double value);
+    GraphResult setString(const Plug& plug, std::string value);
+    GraphResult setMatrix(const Plug& plug, const Matrix44& value);
+    GraphResult setData(const Plug& plug, DataPtr value);
+    /// The rows of a `rows` array, made when missing, for bulk writing; call changed(array) afterwards. No checks.
+    NumberRows& rowsForWriting(const Plug& array);
+    const NumberRows* storedRows(const Plug& array) const;
+    const Value* stored(const Plug& plug) const; // null when nothing is stored
+    void setFlags(const Plug& plug, const PlugFlags& flags);
+    void setAlias(Node& node, std::string alias, const PlugAddress& at);
+    /// Whether a value may be set here, and if not why: "locked", "connected", "computed".
+    GraphResult isFreeToChange(const Plug& plug) const;
+
+    // --- change
+    /// Drops every cached output that depends on this plug.
+    void changed(const Plug& plug);
+
+    // --- time
+    Ticks time() const { return time_; }
+    /// Drops what depends on the current time, and nothing else.
+    void setTime(Ticks time);
+
+    // --- reporting
+    /// Receives each one-line warning of evaluation (a cycle, a node type that passes its input through); never the
+    /// same line twice.
+    std::function<void(const std::string&)> onWarning;
+    /// Counts compute calls, for tests of "asking twice computes once".
+    std::size_t computeCount() const;
+
+private:
+    friend class Evaluation;
+    struct Impl;
+    NodeTypeRegistry& types_;
+    Ticks time_ = 0;
+    std::unique_ptr<Impl> impl_;
+};
+
+} // namespace host
