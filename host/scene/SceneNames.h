@@ -1,0 +1,96 @@
+#pragma once
+
+#include "host/graph/DagPath.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace host {
+
+/// What a name stands for: a node, or one line that says why not.
+struct NodeMatch {
+    Node* node = nullptr;
+    std::string error; // "No object matches name: x", "More than one object matches name: x"
+    bool ok() const { return node != nullptr; }
+};
+
+/// The names of a scene's nodes, hashed.
+///
+/// Nodes outside the DAG have names of their own; DAG nodes may share a name when no parent has both. Names carry their
+/// namespaces ("ns:a"); a leading ':' stands for the root namespace and may be left out. A node is named by its short
+/// name, by a full path ("|a|b") or by the end of one ("a|b").
+class SceneNames {
+public:
+    explicit SceneNames(const Graph& graph) : graph_(graph) {}
+
+    // --- making names
+    /// The name that a node gets when `wanted` is asked for: illegal bytes become '_' (letters, digits, '_', ':' and
+    /// everything beyond ASCII are legal, a digit may not come first), a '#' at the end becomes the first free number,
+    /// and a taken name gets the first free number behind its text ("a" a1, "a7" a8).
+    /// `parent` is the DAG parent, or null for nodes outside the DAG.
+    std::string freeName(std::string_view wanted, const Node* parent) const;
+    static std::string legalName(std::string_view wanted);
+    /// Whether `name` may be given to a node with this parent.
+    bool isFree(std::string_view name, const Node* parent) const;
+
+    // --- keeping the tables; every node and every parent of it, once
+    void add(Node& node);
+    void addChild(Node& node, const Node& parent);
+    void removeChild(const Node& node, const Node& parent);
+    void remove(const Node& node); // after its parents were taken away
+    void clear();
+
+    // --- looking up
+    /// The one node of that name. Several paths to one node are one node.
+    NodeMatch findNode(std::string_view name) const;
+    /// The same with the path that the name tells: the first one when it tells none. Costs the length of the path.
+    NodeMatch findPath(std::string_view name, DagPath& path) const;
+    /// All nodes that have this short name, in no order.
+    std::vector<Node*> nodesNamed(std::string_view shortName) const;
+    /// The DAG child of that name.
+    Node* child(const Node& parent, std::string_view name) const;
+
+    // --- telling names
+    /// Shortest name that findNode understands: the short name, or as much of the path as makes it unique.
+    std::string shortestName(const Node& node) const;
+    /// The same for one path of a node.
+    std::string shortestName(const DagPath& path) const;
+
+private:
+    struct Bearers { // nodes of one short name; mostly one, so the set is made only when there are more
+        Node* single = nullptr;
+        std::unordered_set<Node*> more;
+        std::size_t count() const { return more.empty() ? (single != nullptr ? 1 : 0) : more.size(); }
+    };
+    struct ChildKey {
+        const Node* parent;
+        std::string_view name; // points into the node's own name
+        friend bool operator==(const ChildKey& a, const ChildKey& b) {
+            return a.parent == b.parent && a.name == b.name;
+        }
+    };
+    struct ChildHash {
+        std::size_t operator()(const ChildKey& key) const;
+    };
+
+    const Bearers* bearers(std::string_view name) const;
+    std::vector<DagPath> endsMatching(const std::vector<std::string_view>& parts, std::size_t limit) const;
+
+    const Graph& graph_;
+    std::unordered_map<std::string, Bearers> byName_;
+    std::unordered_map<ChildKey, Node*, ChildHash> children_;
+    mutable std::unordered_map<std::string, std::uint32_t> nextNumber_; // by parent and text: where counting goes on
+};
+
+/// Whether a name matches a pattern: '*' any run and '?' any one character, neither of them ':' or '|'.
+bool matchesPattern(std::string_view pattern, std::string_view name);
+constexpr bool isPattern(std::string_view name) {
+    return name.find_first_of("*?") != std::string_view::npos;
+}
+
+} // namespace host
