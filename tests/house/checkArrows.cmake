@@ -1,0 +1,27 @@
+# Compiles one include line at a time with the include FOLDERS of a room: its OWN header must be found, and each of the
+# REFUSED headers, all of which exist, must not. A compiler that fails for another reason fails the check.
+set(flags -std=c++17 -fsyntax-only)
+foreach(folder IN LISTS FOLDERS)
+    list(APPEND flags "-I${folder}")
+endforeach()
+
+function(try_include header)
+    file(WRITE "${SOURCE}" "#include \"${header}\"\n")
+    execute_process(COMMAND "${COMPILER}" ${flags} "${SOURCE}" RESULT_VARIABLE status ERROR_VARIABLE words)
+    set(status "${status}" PARENT_SCOPE)
+    set(words "${words}" PARENT_SCOPE)
+endfunction()
+
+try_include("${OWN}")
+if(NOT status EQUAL 0)
+    message(FATAL_ERROR "the room's own ${OWN} does not compile alone:\n${words}")
+endif()
+if(NOT REFUSED)
+    message(FATAL_ERROR "no header to refuse: the check would pass whatever the room sees")
+endif()
+foreach(header IN LISTS REFUSED)
+    try_include("${header}")
+    if(status EQUAL 0 OR NOT words MATCHES "fatal error: '?${header}")
+        message(FATAL_ERROR "${header} must not be found from here:\n${words}")
+    endif()
+endforeach()
