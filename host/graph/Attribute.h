@@ -1,10 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace host {
@@ -73,8 +71,8 @@ struct Attribute {
     AttrKind kind = AttrKind::kGeneric;
     DataKind dataKind = DataKind::kNone;
 
-    bool array = false;      // a multi: its elements have sparse logical indices from 0 on
-    bool computed = false;   // an output of the node's compute function; what a file stores for it is ignored
+    bool array = false;    // a multi: its elements have sparse logical indices from 0 on
+    bool computed = false; // an output of the node's compute function; cannot be set, what a file has for it is ignored
     bool worldSpace = false; // an array with one element per DAG path of the node
     bool readable = true;    // may be the source of a connection
     bool writable = true;    // may be set, or be the destination of a connection

@@ -30,13 +30,15 @@ public:
     NodeTypeRegistry& types() { return types_; }
 
     // --- nodes
+    /// A DAG node has no place until addParent gives it one (the world for a top node). Names are not checked.
     Node& create(const NodeType& type, std::string name);
-    /// Disconnects, unparents and frees it (DAG children with it when this was their only parent).
+    /// Disconnects, unparents and frees it (DAG children with it when this was their only parent). The world stays.
     void destroy(Node& node);
     void rename(Node& node, std::string name);
-    Node* node(NodeId id) const;             // null when it is gone
-    const std::vector<Node*>& nodes() const; // creation order
-    Node& world() const;                     // the DAG root: not exported, not named in files
+    Node* node(NodeId id) const; // null when it is gone
+    /// Creation order, without the world. Valid until the next create or destroy.
+    const std::vector<Node*>& nodes() const;
+    Node& world() const; // the DAG root: not exported, not named in files
 
     // --- DAG
     /// Adds `parent` to the node's parents. Refuses a cycle (`a` below itself), a shape as parent, and a parent given
@@ -46,9 +48,10 @@ public:
     bool isAncestor(const Node& ancestor, const Node& node) const;
 
     // --- plugs by name: "a", "a.b", "a[3].b[0:2]" without the node. Ranges are in PlugRange (parsePlugPath.h).
-    /// Address of an attribute path on this node, indices included; attr is kNoAttr when there is none.
-    PlugAddress findPlug(const Node& node, std::string_view path) const;
-    /// "long.names[2].of" as the host prints it, without the node.
+    /// Address of an attribute path on this node, indices included; attr is kNoAttr when there is none, or when the
+    /// path is a range. `instance`: the index of a world-space array on the way that has none (findPlugRange).
+    PlugAddress findPlug(const Node& node, std::string_view path, std::int32_t instance = 0) const;
+    /// "long.names[2].of" as the host prints it, without the node: compounds that are not in an array are left out.
     std::string plugName(const Node& node, const PlugAddress& at, bool longNames) const;
 
     // --- connections
@@ -61,12 +64,16 @@ public:
     /// The source that drives this plug: its own, or the matching child/element of what drives an ancestor compound.
     Plug drivingSource(const Plug& destination) const;
     std::vector<Plug> destinationsOf(const Plug& source) const;
+    /// Whether a connection arrives at this plug, at one that it is part of, or at one that is part of it. When not,
+    /// what is stored is all there is, so bulk readers may read storedRows.
+    bool isDriven(const Plug& plug) const;
     /// Lowest logical index that is neither stored nor connected, for `connectAttr -nextAvailable`.
     std::int32_t nextAvailableIndex(const Plug& array) const;
     /// Logical indices that are stored, connected or (world-space arrays) exist per path; ascending.
     std::vector<std::int32_t> elementIndices(const Plug& array) const;
 
-    // --- values now
+    // --- values now. A plug that holds no value of the kind asked for (a compound, a whole array, another kind) gives
+    // 0, "", the identity or null.
     double number(const Plug& plug);
     std::string string(const Plug& plug);
     Matrix44 matrix(const Plug& plug);
@@ -77,13 +84,17 @@ public:
     GraphResult setString(const Plug& plug, std::string value);
     GraphResult setMatrix(const Plug& plug, const Matrix44& value);
     GraphResult setData(const Plug& plug, DataPtr value);
-    /// The rows of a `rows` array, made when missing, for bulk writing; call changed(array) afterwards. No checks.
+    /// The rows of a `rows` array, made when missing, for bulk writing; call changed(array) afterwards. No checks: the
+    /// plug must be the whole array of an attribute with `rows`.
     NumberRows& rowsForWriting(const Plug& array);
     const NumberRows* storedRows(const Plug& array) const;
-    const Value* stored(const Plug& plug) const; // null when nothing is stored
+    /// Null when nothing is stored. Elements of a `rows` array have no Value of their own: see storedRows.
+    const Value* stored(const Plug& plug) const;
+    bool hasStored(const Plug& plug) const; // elements of `rows` arrays included
     void setFlags(const Plug& plug, const PlugFlags& flags);
     void setAlias(Node& node, std::string alias, const PlugAddress& at);
-    /// Whether a value may be set here, and if not why: "locked", "connected", "computed".
+    /// Whether a value may be set here, and if not why: "a.b is locked", "a.b is connected", "a.b is computed" (a.b
+    /// being the plug asked for; a lock or connection of what it is part of counts).
     GraphResult isFreeToChange(const Plug& plug) const;
 
     // --- change
@@ -92,18 +103,23 @@ public:
 
     // --- time
     Ticks time() const { return time_; }
-    /// Drops what depends on the current time, and nothing else.
+    /// Drops what depends on the current time, and nothing else. Nodes of type "time" keep it in outTime and
+    /// unwarpedTime; setNumber on such an outTime does the same as this.
     void setTime(Ticks time);
 
     // --- reporting
     /// Receives each one-line warning of evaluation (a cycle, a node type that passes its input through); never the
     /// same line twice.
     std::function<void(const std::string&)> onWarning;
+    /// Gives `onWarning` a line unless it had it before.
+    void warn(const std::string& text) const;
     /// Counts compute calls, for tests of "asking twice computes once".
     std::size_t computeCount() const;
 
 private:
     friend class Evaluation;
+    friend class DirtyPropagation;
+    friend class PathCounter;
     struct Impl;
     NodeTypeRegistry& types_;
     Ticks time_ = 0;

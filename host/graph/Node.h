@@ -3,7 +3,10 @@
 #include "host/graph/NodeType.h"
 #include "host/graph/Value.h"
 
+#include <cstdint>
 #include <map>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -23,11 +26,25 @@ struct PlugFlags {
     std::optional<bool> keyable, channelBox; // what setAttr changed; otherwise the attribute's own
 };
 
+/// The source of a connection, and where the source's node keeps the other end of it.
+struct IncomingLink : Plug {
+    std::multimap<PlugAddress, Plug>::iterator outgoing;
+};
+
+/// Which elements of an array may be free: all from `highWater` on that are not in use, and those in `freed` that are
+/// not in use again. Lets the next free index be found without looking at every element.
+struct FreeIndices {
+    std::int32_t highWater = 0;
+    std::set<std::int32_t> freed;
+};
+
 /// One node of the graph: its type, stored values, connections, cached outputs and place in the DAG.
 /// Nodes are made, connected, renamed and deleted through Graph; the members here are for reading.
 class Node {
 public:
     Node(NodeId id, const NodeType& type, std::string name);
+    Node(const Node&) = delete;
+    Node& operator=(const Node&) = delete;
 
     NodeId id() const { return id_; }
     const NodeType& type() const { return *type_; }
@@ -36,19 +53,27 @@ public:
     /// Attributes of the type, then dynamic ones.
     AttrIndex attributeCount() const;
     const Attribute& attribute(AttrIndex attr) const;
-    /// By long or short name or alias of a top-level attribute; kNoAttr when there is none.
+    /// By long name, short name or alias; children of compounds too. kNoAttr when there is none.
     AttrIndex findAttribute(std::string_view attrName) const;
-    /// Adds a dynamic attribute (a child names its `parent`); returns kNoAttr when the name is taken.
+    /// Adds a dynamic attribute (a child names its `parent`, which must be a dynamic compound); returns kNoAttr when a
+    /// name is taken or empty, the parent is not such a compound, or it would lie in more than
+    /// PlugAddress::kMaxDepth arrays. A child that joins a compound array drops what the array stored until then.
     AttrIndex addAttribute(Attribute attribute);
 
     bool isDag() const { return type_->dagRole != DagRole::kNone; }
     /// DAG parents in the order in which they were given; several when the node is instanced. The world node for top
     /// nodes.
     const std::vector<Node*>& parents() const { return parents_; }
-    const std::vector<Node*>& children() const { return children_; } // DAG order
+    /// In the order in which they were given this parent. Valid until the next change of the DAG.
+    const std::vector<Node*>& children() const {
+        if (goneChildren_ != 0) {
+            closeChildGaps();
+        }
+        return children_;
+    }
 
-    const std::map<PlugAddress, Plug>& incoming() const { return incoming_; }      // destination here -> source
-    const std::multimap<PlugAddress, Plug>& outgoing() const { return outgoing_; } // source here -> destinations
+    const std::map<PlugAddress, IncomingLink>& incoming() const { return incoming_; } // destination here -> source
+    const std::multimap<PlugAddress, Plug>& outgoing() const { return outgoing_; }    // source here -> destinations
     const std::map<std::string, PlugAddress>& aliases() const { return aliases_; }
     const PlugFlags* flags(const PlugAddress& at) const;
 
@@ -59,6 +84,10 @@ public:
 private:
     friend class Graph;
     friend class Evaluation;
+    friend class DirtyPropagation;
+    friend class PathCounter;
+
+    void closeChildGaps() const;
 
     NodeId id_;
     const NodeType* type_;
@@ -68,11 +97,22 @@ private:
     std::unordered_map<std::string, AttrIndex> dynamicByName_;
     std::map<std::string, PlugAddress> aliases_;
     std::map<PlugAddress, PlugFlags> flags_;
-    std::map<PlugAddress, Plug> incoming_;
+    std::map<PlugAddress, IncomingLink> incoming_;
     std::multimap<PlugAddress, Plug> outgoing_;
+    std::map<PlugAddress, FreeIndices> freeIndices_; // of the arrays that nextAvailableIndex was asked about
+    std::map<PlugAddress, Value> cache_;             // computed outputs; what is here is clean
+
     std::vector<Node*> parents_;
-    std::vector<Node*> children_;
-    std::map<PlugAddress, Value> cache_; // computed outputs; what is here is clean
+    std::vector<std::uint32_t> placeInParent_; // per parent: where this node stands in its children_
+    // A child that goes leaves a null behind until somebody looks, so that thousands can go one by one.
+    mutable std::vector<Node*> children_;
+    mutable std::size_t goneChildren_ = 0;
+
+    // No world-space output of this node, or of any node below it, is in a cache. While this is false it is false for
+    // every ancestor too.
+    bool worldDropped_ = true;
+    mutable std::size_t pathCount_ = 0; // valid while pathVersion_ is the graph's
+    mutable std::uint64_t pathVersion_ = 0;
 };
 
 } // namespace host

@@ -26,16 +26,19 @@ public:
     double value(std::size_t row, int column) const;
     void setValue(std::size_t row, int column, double value);
 
-    /// The row of a logical index, made (with `fill`, one value per column) when it does not exist. Appending in
-    /// ascending order is constant time.
+    /// The row of a logical index (0 or more), made (with `fill`, one value per column) when it does not exist.
+    /// Appending in ascending order is constant time; elsewhere the rows behind it move.
     std::size_t makeRow(std::int32_t logical, const double* fill);
 
     /// Makes room for rows first … last and returns where row `first` begins, when they can be written in place: the
     /// rows continue or lie within a dense block. Returns npos when they do not; then write them one by one.
-    /// `floats()`, `ints()`, `doubles()` give the block to write into.
+    /// The place is an index into `floats()`, `ints()` or `doubles()` (first * width). Memory is taken for `count`
+    /// rows, so `count` must be bounded by values that are there.
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);
     std::size_t appendDense(std::int32_t first, std::size_t count);
 
+    /// Takes memory for so many rows at once; as with appendDense, not for a number that only a file claims.
+    void reserve(std::size_t rows);
     bool remove(std::int32_t logical);
 
     Storage storage() const { return static_cast<Storage>(values_.index()); }
