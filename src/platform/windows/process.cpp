@@ -1,0 +1,29 @@
+#include "platform/process.h"
+
+#include "platform/windows/wideText.h"
+
+#include <windows.h>
+
+namespace tvk {
+
+ProcessResult runProcess(const std::string& commandLine, ProcessWindow window) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = window == ProcessWindow::kHidden ? SW_HIDE : SW_SHOWNORMAL;
+    PROCESS_INFORMATION process{};
+    std::wstring line = wideFromUtf8(commandLine); // CreateProcess writes into it
+    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
+        return {};
+    WaitForInputIdle(process.hProcess, INFINITE);
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD exitCode = 0;
+    const bool known = GetExitCodeProcess(process.hProcess, &exitCode) != 0;
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    if (!known)
+        return {ProcessOutcome::kExitCodeLost, 1};
+    return {ProcessOutcome::kRan, static_cast<int>(exitCode)};
+}
+
+} // namespace tvk
