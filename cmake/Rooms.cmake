@@ -8,7 +8,10 @@ set(TVK_DOORS "${CMAKE_SOURCE_DIR}/build/doors")
 function(tvk_open_door target prefix)
     get_filename_component(parent "${TVK_DOORS}/${target}/${prefix}" DIRECTORY)
     file(MAKE_DIRECTORY "${parent}")
-    file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${TVK_DOORS}/${target}/${prefix}" SYMBOLIC)
+    set(door "${TVK_DOORS}/${target}/${prefix}")
+    if(NOT IS_SYMLINK "${door}") # a second link would land inside the folder that the first one leads to
+        file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${door}" SYMBOLIC)
+    endif()
 endfunction()
 
 # tvk_room(NAME PREFIX path/in/includes SOURCES a.cpp … [DEPENDS rooms…] [PRIVATE libraries…])
