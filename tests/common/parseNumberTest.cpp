@@ -17,10 +17,9 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 TEST(ParseInteger, TextThatIsNoNumberGivesZero) {
-    for (const char* text : {"", " ", "x", "-", "+", "- 5", "+-5", "--5", ".5", "e5",
-                             "\xC2\xA0"
-                             "5",
-                             "\xEF\xBC\x95"})
+    constexpr const char* kNoBreakSpaceAnd5 = "\xC2\xA0\x35";
+    constexpr const char* kFullWidth5 = "\xEF\xBC\x95";
+    for (const char* text : {"", " ", "x", "-", "+", "- 5", "+-5", "--5", ".5", "e5", kNoBreakSpaceAnd5, kFullWidth5})
         EXPECT_EQ(parseInteger(text), 0) << text;
 }
 

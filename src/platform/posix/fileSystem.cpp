@@ -46,7 +46,7 @@ bool deleteFile(const std::string& path) {
 
 std::string tempFolder() {
     for (const char* name : {"TEMP", "TMPDIR"}) {
-        const std::string folder = environmentValue(name).value_or("");
+        std::string folder = environmentValue(name).value_or("");
         if (!folder.empty())
             return folder;
     }
