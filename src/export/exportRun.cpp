@@ -1,0 +1,226 @@
+#include "export/exportRun.h"
+
+#include "animation/sampling.h"
+#include "common/numberText.h"
+#include "export/batchLog.h"
+#include "export/envelope.h"
+#include "export/exportMessages.h"
+#include "export/exportOptions.h"
+#include "export/nodeTransforms.h"
+#include "export/nodeTree.h"
+#include "export/runReport.h"
+#include "platform/outputWindow.h"
+#include "platform/userEnvironment.h"
+#include "scene/OutputKind.h"
+#include "scene/Run.h"
+#include "scene/hostCompatibility.h"
+
+#include <maya/MAnimControl.h>
+#include <maya/MFeedbackLine.h>
+#include <maya/MTime.h>
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <optional>
+#include <ostream>
+#include <string>
+
+namespace tvk {
+namespace {
+
+void showProgress(const std::string& text) {
+    MFeedbackLine::setFormat(hostText(text));
+}
+
+// Outputs that this version has no writer for.
+constexpr std::array<OutputKind, 4> kLaterKinds{OutputKind::kIca, OutputKind::kIma, OutputKind::kItp, OutputKind::kIta};
+
+MStatus refuseWhatThisVersionLacks() {
+    const ExportOptions& options = run().options;
+    for (const OutputKind kind : kLaterKinds) {
+        const OutputKindRow row = outputKindRow(kind);
+        if (options.*row.enabled) {
+            say(kOutputNotInVersion, row.extension);
+            return MS::kFailure;
+        }
+    }
+    if (options.optimizeNode > kOptimizeNone && options.optimizeNode <= kOptimizeUniteCombine) {
+        say(kCompressionNotInVersion, integerText(options.optimizeNode).view());
+        return MS::kFailure;
+    }
+    return MS::kSuccess;
+}
+
+void warnOfMeshes() {
+    const auto& nodes = run().scene.outputNodes;
+    const auto meshes =
+        std::count_if(nodes.begin(), nodes.end(), [](const NodeRecord* node) { return node->kind == NodeKind::kMesh; });
+    if (meshes > 0 && run().options.outImd) {
+        say(kMeshesNotInVersion, integerText(meshes).view());
+    }
+}
+
+void settleScalingRule() {
+    const auto& nodes = run().scene.outputNodes;
+    run().scene.scalingRuleIsMaya =
+        std::any_of(nodes.begin(), nodes.end(), [](const NodeRecord* node) { return node->scaleCompensate; });
+}
+
+// Nobody drives a deformer yet as far as the records know, so no node asks for its pose at binding.
+std::optional<MMatrix> noBindPose(const NodeRecord& /*node*/) {
+    return std::nullopt;
+}
+
+void warnOfMissingAnimation() {
+    if (run().options.outIva && !run().scene.visibilityAnimated) {
+        say(kNoVisibilityAnimation);
+    }
+}
+
+// Frees the run's data whichever way the driver is left.
+struct SceneGuard {
+    SceneGuard() { run().clearScene(); }
+    ~SceneGuard() { run().clearScene(); }
+    SceneGuard(const SceneGuard&) = delete;
+    SceneGuard& operator=(const SceneGuard&) = delete;
+};
+
+void showEnd(const MStatus& status, int64_t seconds) {
+    if (run().options.batchFlag) {
+        return;
+    }
+    const std::string text = status ? "Finished" + elapsedText(seconds) : "Stopped";
+    showProgress(text);
+    if (status) {
+        showInformation(text);
+    }
+}
+
+// Gathers, writes and reports; what is gathered is freed when it returns.
+MStatus gatherAndWrite() {
+    const SceneGuard guard;
+    int written = 0;
+    MStatus status = gatherScene();
+    if (status) {
+        status = writeAllFiles(written);
+    }
+    if (status) {
+        warnOfLongNames();
+    }
+    if (status && written > 0) {
+        printSummary();
+    }
+    if (written == 0) {
+        showInformation("---- No Output File ----");
+    }
+    return status;
+}
+
+// Options, messages and the driver. The log, when there is one, closes at the end.
+MStatus validateAndRun(BatchLog& log) {
+    MStatus status = validateOptions();
+    if (status) {
+        status = runExport();
+    }
+    const bool clean = status && !warningRaised();
+    if (run().options.batchFlag) {
+        log.finish(clean);
+    } else if (!clean) {
+        *run().messages << std::endl;
+        showOutputWindow();
+    }
+    return status;
+}
+
+MStatus exportUnguarded(const MFileObject& file, const MString& optionString, MPxFileTranslator::FileAccessMode mode) {
+    run().resetMessages();
+    resetOptions(file, mode);
+    parseOptions(optionString);
+    BatchLog log;
+    if (run().options.batchFlag && !log.open()) {
+        return MS::kFailure;
+    }
+    return validateAndRun(log);
+}
+
+// Marks the run as under way, and leaves no pointer to a closed log behind.
+struct RunGuard {
+    RunGuard() { run().underWay = true; }
+    ~RunGuard() {
+        run().underWay = false;
+        run().messages = nullptr;
+        const bool warned = run().warningRaised;
+        run().resetMessages();
+        run().warningRaised = warned;
+    }
+    RunGuard(const RunGuard&) = delete;
+    RunGuard& operator=(const RunGuard&) = delete;
+};
+
+} // namespace
+
+MStatus gatherScene() {
+    MStatus status = refuseWhatThisVersionLacks();
+    if (!status) {
+        return status;
+    }
+    run().scene.framesPerSecond = static_cast<float>(MTime(1.0, MTime::kSeconds).as(MTime::uiUnit()));
+    const MTime userTime = MAnimControl::currentTime();
+    MAnimControl::setCurrentTime(MTime(run().options.startTime, MTime::uiUnit()));
+    status = buildNodeTree();
+    if (status) {
+        status = readNodeTransforms(noBindPose);
+    }
+    if (!status) {
+        return status;
+    }
+    settleScalingRule();
+    warnOfMeshes();
+    if (run().options.animationOutput) {
+        status = sampleAnimation();
+    }
+    return status ? MAnimControl::setCurrentTime(userTime) : status;
+}
+
+MStatus writeAllFiles(int& written) {
+    warnOfMissingAnimation();
+    for (const OutputKindRow& row : kOutputKinds) {
+        if (!(run().options.*row.enabled)) {
+            continue;
+        }
+        const MStatus status = writeOutputFile(row.kind);
+        if (!status) {
+            return status;
+        }
+        ++written;
+    }
+    return MS::kSuccess;
+}
+
+MStatus runExport() {
+    const int64_t start = wallClockSeconds();
+    MFeedbackLine::setShowFeedback(true);
+    printRunHeader();
+    showProgress("Getting Data ...");
+    const MStatus status = gatherAndWrite();
+    showEnd(status, wallClockSeconds() - start);
+    return status;
+}
+
+MStatus exportFile(const MFileObject& file, const MString& optionString, MPxFileTranslator::FileAccessMode mode) {
+    if (run().underWay) {
+        return MS::kFailure;
+    }
+    const RunGuard guard;
+    try {
+        return exportUnguarded(file, optionString, mode);
+    } catch (const std::exception& exception) {
+        say(kUnexpectedFailure, exception.what());
+    } catch (...) {
+        say(kUnexpectedFailure, "unknown reason");
+    }
+    return MS::kFailure;
+}
+
+} // namespace tvk

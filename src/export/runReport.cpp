@@ -1,0 +1,117 @@
+#include "export/runReport.h"
+
+#include "common/numberText.h"
+#include "export/exportMessages.h"
+#include "platform/codePage.h"
+#include "scene/OutputKind.h"
+#include "scene/Run.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+namespace tvk {
+namespace {
+
+constexpr std::size_t kLongestName = 16;
+constexpr std::size_t kCountWidth = 6;
+
+std::string count(std::size_t value) {
+    return integerText(static_cast<int64_t>(value)).str();
+}
+
+std::string count(int32_t value) {
+    return integerText(value).str();
+}
+
+std::string alignedCount(const std::string& value) {
+    return rightAligned(value, kCountWidth);
+}
+
+std::string nodeLine() {
+    constexpr std::array<const char*, 5> kModes{"None", "Cull Useless Node", "Merge Useless Node", "Unite",
+                                                "Unite and Combine Polygon"};
+    const int32_t mode = run().options.optimizeNode;
+    const bool compresses = mode > kOptimizeNone && mode <= kOptimizeUniteCombine;
+    std::string line = "Compress Node\t: ";
+    line += kModes.at(compresses ? static_cast<std::size_t>(mode) : 0);
+    line += " ( " + count(run().scene.nodes.size());
+    if (compresses) {
+        line += " -> " + count(run().scene.outputNodes.size());
+    }
+    return line + " )";
+}
+
+std::string materialLine() {
+    const bool compresses = run().options.compressMaterial;
+    std::string line = "Compress Material\t: ";
+    line += compresses ? "Compress Same Material" : "None";
+    line += " ( " + count(run().scene.materialCount);
+    if (compresses) {
+        line += " -> " + count(run().scene.outputMaterialCount);
+    }
+    return line + " )";
+}
+
+void printModelTotals() {
+    const SceneData& scene = run().scene;
+    showInformation("imd : Total Vertex Size\t: " + alignedCount(count(scene.vertexTotal)));
+    showInformation("imd : Total Polygon Size\t: " + alignedCount(count(scene.polygonTotal)) + " ( " +
+                    count(scene.triangleTotal) + " triangles, " + count(scene.quadTotal) + " quads)");
+}
+
+void printNodeAnimationTotals() {
+    const SceneData& scene = run().scene;
+    const std::vector<int32_t>& rotations = scene.nodeRotateData;
+    int32_t lowest = 0;
+    int32_t highest = 0;
+    if (!rotations.empty()) {
+        lowest = *std::min_element(rotations.begin(), rotations.end());
+        highest = *std::max_element(rotations.begin(), rotations.end());
+    }
+    showInformation("ica : Scale Size\t\t: " + alignedCount(count(scene.nodeScaleData.size())));
+    showInformation("ica : Rotate Size\t\t: " + alignedCount(count(rotations.size())) +
+                    "  (min = " + fixedText(lowest, false).str() + ", max = " + fixedText(highest, false).str() + ")");
+    showInformation("ica : Translate Size\t: " + alignedCount(count(scene.nodeTranslateData.size())));
+}
+
+} // namespace
+
+void printRunHeader() {
+    const ExportOptions& options = run().options;
+    std::string line = "========== TVK_Export : " + options.baseName + " ========== ";
+    for (const OutputKindRow& row : kOutputKinds) {
+        if (options.*row.enabled) {
+            line.append(row.extension).append(" ");
+        }
+    }
+    showInformation(line);
+}
+
+void printSummary() {
+    showInformation("Output Folder\t: " + run().options.outputFolder);
+    showInformation(nodeLine());
+    showInformation(materialLine());
+    if (run().options.outImd) {
+        printModelTotals();
+    }
+    if (run().options.outIca) {
+        printNodeAnimationTotals();
+    }
+}
+
+std::string elapsedText(int64_t seconds) {
+    return "  ( time = " + minutesText(seconds).str() + " )";
+}
+
+void warnOfLongNames() {
+    bool lossy = false;
+    for (const NodeRecord* node : run().scene.outputNodes) {
+        if (!node->skipOutput && toShiftJis(node->name, lossy).size() > kLongestName) {
+            say(kLongName, "node: " + node->name);
+        }
+    }
+}
+
+} // namespace tvk

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tvk {
+
+/// What a run tells in the host's information output. Batch runs show none of it.
+
+void printRunHeader();
+
+/// What was written and how much of it.
+void printSummary();
+
+/// "  ( time = 1:15 )" for 75 seconds.
+std::string elapsedText(int64_t seconds);
+
+/// One warning per written element whose name does not fit the console's 16 characters (bytes of Shift_JIS).
+void warnOfLongNames();
+
+} // namespace tvk

@@ -1,0 +1,24 @@
+#include "plugin/TvkCheckElementNameCmd.h"
+
+#include "plugin/pluginMessages.h"
+
+namespace tvk {
+
+void* TvkCheckElementNameCmd::create() {
+    return new TvkCheckElementNameCmd;
+}
+
+MSyntax TvkCheckElementNameCmd::newSyntax() {
+    MSyntax syntax;
+    syntax.addFlag("t", "target", MSyntax::kString);
+    return syntax;
+}
+
+TvkCheckElementNameCmd::~TvkCheckElementNameCmd() = default;
+
+MStatus TvkCheckElementNameCmd::doIt(const MArgList& /*arguments*/) {
+    displayError(kNameCheckNotInVersion);
+    return MS::kFailure;
+}
+
+} // namespace tvk

@@ -1,0 +1,16 @@
+#pragma once
+
+namespace tvk {
+
+// Shown as errors by the host.
+inline constexpr const char* kRegisterTranslator = "register KALDERA ZEPHRA-System file translator";
+inline constexpr const char* kRegisterCheckCommand = "register TVK_CheckElementNameCmd";
+inline constexpr const char* kRegisterBatchCommand = "register TVK_BatchExportCmd";
+inline constexpr const char* kDeregisterTranslator = "deregister KALDERA ZEPHRA-System file translator";
+inline constexpr const char* kDeregisterCheckCommand = "deregister TVK_CheckElementNameCmd";
+inline constexpr const char* kDeregisterBatchCommand = "deregister TVK_BatchExportCmd";
+
+inline constexpr const char* kBatchNotInVersion = "TVK_BatchExportCmd is not in this version";
+inline constexpr const char* kNameCheckNotInVersion = "TVK_CheckElementNameCmd is not in this version";
+
+} // namespace tvk

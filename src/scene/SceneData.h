@@ -1,0 +1,39 @@
+#pragma once
+
+#include "scene/NodeRecord.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace tvk {
+
+/// Everything gathered for one run. Emptied at the start and at the end of every run.
+struct SceneData {
+    /// All nodes, by depth and then by name; parents before their children. The owner of the records.
+    std::vector<std::unique_ptr<NodeRecord>> nodes;
+    /// The nodes of the files, root first, parents before their children.
+    std::vector<NodeRecord*> outputNodes;
+
+    int32_t positionScale = 0;       // exponent: readers multiply vertices by 2^positionScale
+    bool scalingRuleIsMaya = false;  // some output node compensates its parent's scale
+    int32_t materialCount = 0;       // gathered
+    int32_t outputMaterialCount = 0; // written
+
+    // Totals of the model file.
+    int32_t vertexTotal = 0;
+    int32_t polygonTotal = 0;
+    int32_t triangleTotal = 0;
+    int32_t quadTotal = 0;
+
+    // Pools of the node animation, in 1/4096.
+    std::vector<int32_t> nodeScaleData;
+    std::vector<int32_t> nodeRotateData;
+    std::vector<int32_t> nodeTranslateData;
+
+    bool visibilityAnimated = false; // some output node's visibility changes within the range
+
+    double framesPerSecond = 24.0; // of the host's user-interface time unit
+};
+
+} // namespace tvk
