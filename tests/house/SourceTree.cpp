@@ -76,6 +76,34 @@ bool namesSource(const SourceFile& list, const std::string& path) {
     });
 }
 
+bool containsWholeWord(const std::string& line, const std::string& word) {
+    const auto isPartOfName = [](char c) { return std::isalnum(static_cast<unsigned char>(c)) || c == '_'; };
+    for (std::size_t at = line.find(word); at != std::string::npos; at = line.find(word, at + 1)) {
+        const std::size_t end = at + word.size();
+        if ((at == 0 || !isPartOfName(line[at - 1])) && (end == line.size() || !isPartOfName(line[end]))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// One complaint for each line and word for which contains(line, word) holds.
+template <typename Contains>
+std::vector<std::string> findLines(const std::vector<SourceFile>& files, const std::vector<std::string>& words,
+                                   Contains contains) {
+    std::vector<std::string> found;
+    for (const SourceFile& file : files) {
+        for (std::size_t i = 0; i < file.lines.size(); ++i) {
+            for (const std::string& word : words) {
+                if (contains(file.lines[i], word)) {
+                    found.push_back(complaint(file, i, "says '" + word + "'"));
+                }
+            }
+        }
+    }
+    return found;
+}
+
 } // namespace
 
 std::vector<SourceFile> readSourceTree(const std::string& folder) {
@@ -105,18 +133,13 @@ std::vector<std::string> findLongFiles(const std::vector<SourceFile>& files, std
 }
 
 std::vector<std::string> findWords(const std::vector<SourceFile>& files, const std::vector<std::string>& words) {
-    std::vector<std::string> found;
-    for (const SourceFile& file : files) {
-        for (std::size_t i = 0; i < file.lines.size(); ++i) {
-            const std::string line = lowerCase(file.lines[i]);
-            for (const std::string& word : words) {
-                if (line.find(lowerCase(word)) != std::string::npos) {
-                    found.push_back(complaint(file, i, "says '" + word + "'"));
-                }
-            }
-        }
-    }
-    return found;
+    return findLines(files, words, [](const std::string& line, const std::string& word) {
+        return lowerCase(line).find(lowerCase(word)) != std::string::npos;
+    });
+}
+
+std::vector<std::string> findMarks(const std::vector<SourceFile>& files, const std::vector<std::string>& marks) {
+    return findLines(files, marks, containsWholeWord);
 }
 
 std::vector<std::string> findIncludesAroundDoors(const std::vector<SourceFile>& files) {

@@ -23,6 +23,9 @@ std::vector<std::string> findLongFiles(const std::vector<SourceFile>& files, std
 // A line that contains one of the words, whatever its case.
 std::vector<std::string> findWords(const std::vector<SourceFile>& files, const std::vector<std::string>& words);
 
+// A line that contains one of the marks in capitals, as a word of its own.
+std::vector<std::string> findMarks(const std::vector<SourceFile>& files, const std::vector<std::string>& marks);
+
 // A quoted include that starts with "../" or has no folder while the file is in a room (a path of two folders or more).
 std::vector<std::string> findIncludesAroundDoors(const std::vector<SourceFile>& files);
 

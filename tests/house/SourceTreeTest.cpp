@@ -35,6 +35,18 @@ TEST(SourceTree, WordIsFoundInsideNamesAndInAnyCase) {
                 ElementsAre("host/a/b.h:1: says 'Hammer'", "host/a/b.h:2: says 'Hammer'"));
 }
 
+TEST(SourceTree, MarkIsFoundOnlyAsAWordInCapitals) {
+    const struct {
+        const char* line;
+        std::size_t complaints;
+    } rows[] = {
+        {"// LATER: x", 1}, {"LATER", 1}, {"SOONERLATER but LATER", 1}, {"// later", 0}, {"kLATER", 0}, {"LATER_ON", 0},
+    };
+    for (const auto& row : rows) {
+        EXPECT_THAT(findMarks({{"src/common/x.cpp", {row.line}}}, {"LATER"}), SizeIs(row.complaints)) << row.line;
+    }
+}
+
 TEST(SourceTree, IncludeMustGoThroughADoor) {
     const struct {
         const char* line;
