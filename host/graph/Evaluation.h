@@ -5,7 +5,9 @@
 namespace host {
 
 /// What a compute function sees: inputs of its own node, evaluated, and a place to put outputs.
-/// Reading goes through connections and the cache; a missing input gives the attribute's default.
+/// Reading goes through connections and the cache; a missing input gives the attribute's default. What a function reads
+/// in other ways than through here (or Graph's values now) it must be told about: see Graph::changed. It may put more
+/// outputs of its node than the one asked for; one that it does not put has its default. It changes nothing else.
 class Evaluation {
 public:
     explicit Evaluation(Graph& graph) : graph_(graph) {}

@@ -11,6 +11,9 @@
 
 namespace host {
 
+class DirtyPropagation;
+struct StoredPlace;
+
 /// What setting or connecting can say. `ok()` or one line of text without a full stop, naming the plug.
 struct GraphResult {
     std::string error;
@@ -67,6 +70,8 @@ public:
     /// Whether a connection arrives at this plug, at one that it is part of, or at one that is part of it. When not,
     /// what is stored is all there is, so bulk readers may read storedRows.
     bool isDriven(const Plug& plug) const;
+    /// Whether this plug, or one that it is part of, is locked.
+    bool isLocked(const Plug& plug) const;
     /// Lowest logical index that is neither stored nor connected, for `connectAttr -nextAvailable`.
     std::int32_t nextAvailableIndex(const Plug& array) const;
     /// Logical indices that are stored, connected or (world-space arrays) exist per path; ascending.
@@ -115,12 +120,38 @@ public:
     void warn(const std::string& text) const;
     /// Counts compute calls, for tests of "asking twice computes once".
     std::size_t computeCount() const;
+    bool isCached(const Plug& output) const;
 
 private:
     friend class Evaluation;
     friend class DirtyPropagation;
     friend class PathCounter;
     struct Impl;
+
+    void release(Node& node);
+    void storeTime(Node& timeNode);
+
+    void takeFromParent(Node& node, std::size_t parentIndex);
+    std::vector<Node*> takeOutOfDag(Node& node, DirtyPropagation& dropped);
+
+    GraphResult checkEnds(const Plug& source, const Plug& destination) const;
+    void takeConnection(Node& destinationNode, const PlugAddress& destination);
+    void disconnectAll(Node& node, DirtyPropagation& dropped);
+    bool isOwnerConnected(const Plug& plug) const;
+    bool isElementUsed(const Plug& element) const;
+    void noteFreed(const Plug& plug);
+
+    GraphResult checkSettable(const Plug& plug, bool holdsThis, const char* what) const;
+
+    const Value* valueNow(const Plug& plug);
+    StoredPlace placeNow(const Plug& end);
+    const Value* computedValue(const Plug& output);
+    bool makeRoom(const Plug& output);
+    double numberAt(const Plug& end);
+    void warnOfCycle(const Plug& plug, bool isCycle);
+    void putCached(Node& node, const PlugAddress& at, Value value);
+    void forgetWorldDropped(Node& node);
+
     NodeTypeRegistry& types_;
     Ticks time_ = 0;
     std::unique_ptr<Impl> impl_;

@@ -88,6 +88,7 @@ private:
     friend class PathCounter;
 
     void closeChildGaps() const;
+    void dropStoredArray(AttrIndex compound);
 
     NodeId id_;
     const NodeType* type_;

@@ -43,6 +43,8 @@ public:
 
     /// The computed attributes without those below another one, in order.
     const std::vector<AttrIndex>& outputs() const { return outputs_; }
+    /// Those of outputs() that change with this attribute, by `affects`.
+    const std::vector<AttrIndex>& outputsAffectedBy(AttrIndex input) const;
     /// Those of outputs() that depend on the node's place in the DAG.
     const std::vector<AttrIndex>& worldOutputs() const { return worldOutputs_; }
 
