@@ -9,7 +9,12 @@ function(tvk_open_door target prefix)
     get_filename_component(parent "${TVK_DOORS}/${target}/${prefix}" DIRECTORY)
     file(MAKE_DIRECTORY "${parent}")
     set(door "${TVK_DOORS}/${target}/${prefix}")
-    if(NOT IS_SYMLINK "${door}") # a second link would land inside the folder that the first one leads to
+    set(leadsTo "")
+    if(IS_SYMLINK "${door}")
+        file(READ_SYMLINK "${door}" leadsTo)
+    endif()
+    if(NOT leadsTo STREQUAL CMAKE_CURRENT_SOURCE_DIR)
+        file(REMOVE "${door}") # a second link would land inside the folder that the first one leads to
         file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${door}" SYMBOLIC)
     endif()
 endfunction()
