@@ -82,7 +82,8 @@ public:
     static MEulerRotation closestSolution(const MEulerRotation& source, const MEulerRotation& target);
     MEulerRotation& setToClosestSolution(const MEulerRotation& target);
     MEulerRotation& setToClosestSolution(const MEulerRotation& source, const MEulerRotation& target);
-    /// Rotates further about an axis, in steps so small that the angles run on instead of jumping.
+    /// Rotates further about an axis of the space around, in steps so small that the angles run on instead of jumping.
+    /// Of more than 1000 turns only the rest is followed; an angle that is not finite changes nothing.
     MEulerRotation& incrementalRotateBy(const MVector& axis, double angle);
 
     static const MEulerRotation identity;
