@@ -25,8 +25,8 @@ struct OrderRow {
     const char* name;
     Imath::Eulerd::Order imath;
     MEulerRotation::RotationOrder reversed;
-    unsigned int axes[3]; // in the order in which they apply
-    double sign;          // 1 when the axes follow each other as x, y, z, x do
+    int axes[3]; // in the order in which they apply
+    double sign; // 1 when the axes follow each other as x, y, z, x do
 };
 
 constexpr OrderRow kOrders[] = {
@@ -84,10 +84,11 @@ MEulerRotation MEulerRotation::decompose(const MMatrix& matrix, RotationOrder or
     Imath::Eulerd extracted(row.imath);
     extracted.extract(rotation);
     MEulerRotation result(fromImath(extracted.toXYZVector()), order);
-    const unsigned int first = row.axes[0], second = row.axes[1], third = row.axes[2];
+    const int first = row.axes[0], second = row.axes[1], third = row.axes[2];
     if (std::hypot(rotation[first][first], rotation[first][second]) < kGimbalLock) {
-        result[first] = std::atan2(-row.sign * rotation[third][second], rotation[second][second]);
-        result[third] = 0.0;
+        result[static_cast<unsigned int>(first)] =
+            std::atan2(-row.sign * rotation[third][second], rotation[second][second]);
+        result[static_cast<unsigned int>(third)] = 0.0;
     }
     return result;
 }
@@ -185,7 +186,7 @@ MEulerRotation MEulerRotation::bound(const MEulerRotation& source) {
 }
 
 MEulerRotation MEulerRotation::alternateSolution() const {
-    const unsigned int second = rowOf(order).axes[1];
+    const auto second = static_cast<unsigned int>(rowOf(order).axes[1]);
     MEulerRotation alternate(x + kPi, y + kPi, z + kPi, order);
     alternate[second] = kPi - (*this)[second];
     return alternate.bound();

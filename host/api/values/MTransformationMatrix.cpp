@@ -112,15 +112,15 @@ MMatrix MTransformationMatrix::asRotateMatrix() const {
     return orientation_.asMatrix() * rotation_.asMatrix();
 }
 
-MVector MTransformationMatrix::getTranslation(MSpace::Space space, MStatus* ReturnStatus) const {
-    if (!checkSpace(space, ReturnStatus)) {
+MVector MTransformationMatrix::getTranslation(MSpace::Space space, MStatus* returnStatus) const {
+    if (!checkSpace(space, returnStatus)) {
         return MVector::zero;
     }
     return isAfterTransformation(space) ? translationOf(asMatrix()) : translation_;
 }
 
-MVector MTransformationMatrix::translation(MSpace::Space space, MStatus* ReturnStatus) const {
-    return getTranslation(space, ReturnStatus);
+MVector MTransformationMatrix::translation(MSpace::Space space, MStatus* returnStatus) const {
+    return getTranslation(space, returnStatus);
 }
 
 MStatus MTransformationMatrix::setTranslation(const MVector& vector, MSpace::Space space) {
@@ -186,7 +186,7 @@ MEulerRotation MTransformationMatrix::eulerRotation() const {
 }
 
 MTransformationMatrix::RotationOrder MTransformationMatrix::rotationOrder() const {
-    return static_cast<RotationOrder>(rotation_.order + kXYZ);
+    return static_cast<RotationOrder>(static_cast<int>(rotation_.order) + kXYZ);
 }
 
 MStatus MTransformationMatrix::setRotation(const double rotation[3], RotationOrder order) {
@@ -220,8 +220,8 @@ MTransformationMatrix& MTransformationMatrix::rotateTo(const MEulerRotation& rot
 }
 
 MTransformationMatrix& MTransformationMatrix::rotateBy(const MQuaternion& rotation, MSpace::Space space,
-                                                       MStatus* ReturnStatus) {
-    if (checkSpace(space, ReturnStatus)) {
+                                                       MStatus* returnStatus) {
+    if (checkSpace(space, returnStatus)) {
         const MQuaternion own = this->rotation();
         rotateTo(space == MSpace::kObject ? rotation * own : own * rotation);
     }
@@ -229,8 +229,8 @@ MTransformationMatrix& MTransformationMatrix::rotateBy(const MQuaternion& rotati
 }
 
 MTransformationMatrix& MTransformationMatrix::rotateBy(const MEulerRotation& rotation, MSpace::Space space,
-                                                       MStatus* ReturnStatus) {
-    return rotateBy(rotation.asQuaternion(), space, ReturnStatus);
+                                                       MStatus* returnStatus) {
+    return rotateBy(rotation.asQuaternion(), space, returnStatus);
 }
 
 MStatus MTransformationMatrix::addRotation(const double rotation[3], RotationOrder order, MSpace::Space space) {
@@ -265,26 +265,26 @@ MTransformationMatrix& MTransformationMatrix::setRotationOrientation(const MQuat
     return *this;
 }
 
-MPoint MTransformationMatrix::rotatePivot(MSpace::Space space, MStatus* ReturnStatus) const {
-    if (!checkSpace(space, ReturnStatus)) {
+MPoint MTransformationMatrix::rotatePivot(MSpace::Space space, MStatus* returnStatus) const {
+    if (!checkSpace(space, returnStatus)) {
         return MPoint::origin;
     }
     return isAfterTransformation(space) ? rotatePivot_ * asMatrix() : rotatePivot_;
 }
 
-MPoint MTransformationMatrix::scalePivot(MSpace::Space space, MStatus* ReturnStatus) const {
-    if (!checkSpace(space, ReturnStatus)) {
+MPoint MTransformationMatrix::scalePivot(MSpace::Space space, MStatus* returnStatus) const {
+    if (!checkSpace(space, returnStatus)) {
         return MPoint::origin;
     }
     return isAfterTransformation(space) ? scalePivot_ * asMatrix() : scalePivot_;
 }
 
-MVector MTransformationMatrix::rotatePivotTranslation(MSpace::Space space, MStatus* ReturnStatus) const {
-    return checkSpace(space, ReturnStatus) ? rotatePivotTranslation_ : MVector::zero;
+MVector MTransformationMatrix::rotatePivotTranslation(MSpace::Space space, MStatus* returnStatus) const {
+    return checkSpace(space, returnStatus) ? rotatePivotTranslation_ : MVector::zero;
 }
 
-MVector MTransformationMatrix::scalePivotTranslation(MSpace::Space space, MStatus* ReturnStatus) const {
-    return checkSpace(space, ReturnStatus) ? scalePivotTranslation_ : MVector::zero;
+MVector MTransformationMatrix::scalePivotTranslation(MSpace::Space space, MStatus* returnStatus) const {
+    return checkSpace(space, returnStatus) ? scalePivotTranslation_ : MVector::zero;
 }
 
 MStatus MTransformationMatrix::setRotatePivot(const MPoint& pivot, MSpace::Space space, bool balance) {

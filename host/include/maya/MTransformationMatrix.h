@@ -35,8 +35,8 @@ public:
     MMatrix asScaleMatrix() const;  // scale alone
     MMatrix asRotateMatrix() const; // rotate orientation · rotation
 
-    MVector getTranslation(MSpace::Space space, MStatus* ReturnStatus = nullptr) const;
-    MVector translation(MSpace::Space space, MStatus* ReturnStatus = nullptr) const; // the older name
+    MVector getTranslation(MSpace::Space space, MStatus* returnStatus = nullptr) const;
+    MVector translation(MSpace::Space space, MStatus* returnStatus = nullptr) const; // the older name
     MStatus setTranslation(const MVector& vector, MSpace::Space space);
     MStatus addTranslation(const MVector& vector, MSpace::Space space);
 
@@ -62,9 +62,9 @@ public:
     MTransformationMatrix& rotateTo(const MQuaternion& rotation);
     MTransformationMatrix& rotateTo(const MEulerRotation& rotation);
     /// After the rotation there is in kTransform, kPostTransform and kWorld, before it in kObject.
-    MTransformationMatrix& rotateBy(const MQuaternion& rotation, MSpace::Space space, MStatus* ReturnStatus = nullptr);
+    MTransformationMatrix& rotateBy(const MQuaternion& rotation, MSpace::Space space, MStatus* returnStatus = nullptr);
     MTransformationMatrix& rotateBy(const MEulerRotation& rotation, MSpace::Space space,
-                                    MStatus* ReturnStatus = nullptr);
+                                    MStatus* returnStatus = nullptr);
     MStatus addRotation(const double rotation[3], RotationOrder order, MSpace::Space space);
     MStatus addRotationQuaternion(double x, double y, double z, double w, MSpace::Space space);
     /// The same rotation in another order, with the nearest angles.
@@ -73,10 +73,10 @@ public:
     MQuaternion rotationOrientation() const;
     MTransformationMatrix& setRotationOrientation(const MQuaternion& orientation);
 
-    MPoint rotatePivot(MSpace::Space space, MStatus* ReturnStatus = nullptr) const;
-    MPoint scalePivot(MSpace::Space space, MStatus* ReturnStatus = nullptr) const;
-    MVector rotatePivotTranslation(MSpace::Space space, MStatus* ReturnStatus = nullptr) const;
-    MVector scalePivotTranslation(MSpace::Space space, MStatus* ReturnStatus = nullptr) const;
+    MPoint rotatePivot(MSpace::Space space, MStatus* returnStatus = nullptr) const;
+    MPoint scalePivot(MSpace::Space space, MStatus* returnStatus = nullptr) const;
+    MVector rotatePivotTranslation(MSpace::Space space, MStatus* returnStatus = nullptr) const;
+    MVector scalePivotTranslation(MSpace::Space space, MStatus* returnStatus = nullptr) const;
     /// With `balance`, the pivot's translation is set so that asMatrix stays as it is.
     MStatus setRotatePivot(const MPoint& pivot, MSpace::Space space, bool balance);
     MStatus setScalePivot(const MPoint& pivot, MSpace::Space space, bool balance);

@@ -42,9 +42,9 @@ std::vector<MEulerRotation> samples(int order) {
                                              degrees(170, -100, 95, order),    degrees(725, -20, 300, order),
                                              degrees(1, 89.99999, 5, order),   degrees(89.99999, 3, -40, order),
                                              degrees(4, -60, -89.9999, order), degrees(0, 0, 0, order)};
-    for (int quarters = 0; quarters < 64; ++quarters) {
-        rotations.push_back(
-            degrees(quarters % 4 * 90 - 90, quarters / 4 % 4 * 90 - 90, quarters / 16 * 90 - 90, order));
+    constexpr double kQuarters[4] = {-90, 0, 90, 180};
+    for (std::size_t mix = 0; mix < 64; ++mix) {
+        rotations.push_back(degrees(kQuarters[mix % 4], kQuarters[mix / 4 % 4], kQuarters[mix / 16], order));
     }
     for (const double lock : {90.0, -90.0}) {
         MEulerRotation locked = degrees(25, 35, -115, order);

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <locale>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -173,14 +174,19 @@ TEST(MString, NumbersKeepWithinTheirType) {
     EXPECT_EQ(MString("0.25").asFloat(), 0.25f);
 }
 
+struct DecimalComma : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+};
+
+// The C++ locale always has a decimal comma here, the C locale where a German one is installed.
 TEST(MString, NumbersDoNotFollowTheLocale) {
-    const std::string before = std::setlocale(LC_NUMERIC, nullptr);
-    if (std::setlocale(LC_NUMERIC, "de_DE.UTF-8") == nullptr) {
-        GTEST_SKIP() << "no locale with a decimal comma is installed";
-    }
+    const std::string numericBefore = std::setlocale(LC_NUMERIC, nullptr);
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new DecimalComma));
+    std::setlocale(LC_NUMERIC, "de_DE.UTF-8");
     EXPECT_EQ(MString("") + 1.5, "1.5");
     EXPECT_EQ(MString("1.5").asDouble(), 1.5);
-    std::setlocale(LC_NUMERIC, before.c_str());
+    std::locale::global(before);
+    std::setlocale(LC_NUMERIC, numericBefore.c_str());
 }
 
 TEST(MString, IsWrittenToStreams) {

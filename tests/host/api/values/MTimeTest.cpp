@@ -126,7 +126,7 @@ TEST(MTime, CountsTicks) {
     EXPECT_EQ(TimeTicks::of(MTime(1.0, MTime::kSeconds)), 141120000);
     EXPECT_EQ(TimeTicks::of(MTime(1.0)), 5880000);
     EXPECT_EQ(TimeTicks::of(MTime(-0.5, MTime::kNTSCFrame)), -2352000);
-    EXPECT_EQ(TimeTicks::time(5880000 * 3, MTime::kFilm).value(), 3.0);
+    EXPECT_EQ(TimeTicks::time(17640000, MTime::kFilm).value(), 3.0);
     EXPECT_EQ(MTime(24.0, MTime::kFilm), MTime(1.0, MTime::kSeconds));
 }
 

@@ -19,7 +19,7 @@ class EveryArray : public testing::Test {};
 
 using AllArrays = testing::Types<MIntArray, MDoubleArray, MFloatArray, MPointArray, MFloatPointArray, MVectorArray,
                                  MFloatVectorArray, MColorArray, MTimeArray, MMatrixArray, MStringArray>;
-TYPED_TEST_SUITE(EveryArray, AllArrays);
+TYPED_TEST_SUITE(EveryArray, AllArrays, );
 
 // Different elements of any type.
 template <class Element>
