@@ -1,0 +1,293 @@
+#include "host/nodes/apiTypes.h"
+#include "host/nodes/blendCompute.h"
+#include "host/nodes/curveCompute.h"
+#include "host/nodes/typeRows.h"
+#include "host/nodes/typeTables.h"
+#include "host/nodes/utilityCompute.h"
+
+namespace host {
+
+namespace {
+
+using namespace row;
+
+constexpr std::string_view kTangentLabels =
+    "Global:Fixed:Linear:Flat:Smooth:Step:Slow:Fast:Spline=9:Clamped:Plateau=16:StepNext:Auto";
+
+constexpr AttributeRow kAnimCurve[] = {
+    {"animationCurve", "ac", "data", {}, 0, kComputed | kHidden},
+    {"apply", "a", "any"},
+    {"tangentType", "tan", "enum", {}, 0, 0, kTangentLabels},
+    {"weightedTangents", "wgt", "bool", {}, 1},
+    {"keyTanLocked", "ktl", "bool", {}, 1, kArray},
+    {"keyWeightLocked", "kwl", "bool", {}, 1, kArray},
+    {"keyTanInX", "kix", "float", {}, 0, kArray},
+    {"keyTanInY", "kiy", "float", {}, 0, kArray},
+    {"keyTanOutX", "kox", "float", {}, 0, kArray},
+    {"keyTanOutY", "koy", "float", {}, 0, kArray},
+    {"keyTanInType", "kit", "enum", {}, 0, kArray, kTangentLabels},
+    {"keyTanOutType", "kot", "enum", {}, 0, kArray, kTangentLabels},
+    {"keyBreakdown", "kbd", "bool", {}, 0, kArray},
+    {"keyTickDrawSpecial", "ktds", "bool", {}, 0, kArray},
+    {"preInfinity", "pre", "enum", {}, 0, 0, "Constant:Linear:Cycle=3:CycleRelative:Oscillate"},
+    {"postInfinity", "pst", "enum", {}, 0, 0, "Constant:Linear:Cycle=3:CycleRelative:Oscillate"},
+    {"stippleReadOnly", "stip", "bool"},
+    {"useCurveColor", "ucc", "bool"},
+    {"curveColor", "cc", "float3", "RGB", 0, kColor},
+    {"outStippleThreshold", "ost", "bool"},
+    {"stippleRange", "stpr", "any"},
+};
+
+// The eight kinds differ in what the curve's input, values and output count.
+constexpr AttributeRow kCurveTA[] = {
+    {"input", "i", "time"},
+    {"keyTimeValue", "ktv", "compound", {}, 0, kArray},
+    {".keyTime", "kt", "time"},
+    {".keyValue", "kv", "angle"},
+    {"output", "o", "angle", {}, 0, kComputed},
+    {"rotationInterpolation", "roti", "enum", {}, 1},
+};
+constexpr AttributeRow kCurveTL[] = {
+    {"input", "i", "time"},          {"keyTimeValue", "ktv", "compound", {}, 0, kArray}, {".keyTime", "kt", "time"},
+    {".keyValue", "kv", "distance"}, {"output", "o", "distance", {}, 0, kComputed},
+};
+constexpr AttributeRow kCurveTT[] = {
+    {"input", "i", "time"},      {"keyTimeValue", "ktv", "compound", {}, 0, kArray}, {".keyTime", "kt", "time"},
+    {".keyValue", "kv", "time"}, {"output", "o", "time", {}, 0, kComputed},
+};
+constexpr AttributeRow kCurveTU[] = {
+    {"input", "i", "time"},        {"keyTimeValue", "ktv", "compound", {}, 0, kArray}, {".keyTime", "kt", "time"},
+    {".keyValue", "kv", "double"}, {"output", "o", "double", {}, 0, kComputed},
+};
+constexpr AttributeRow kCurveUA[] = {
+    {"input", "i", "double"},     {"keyTimeValue", "ktv", "compound", {}, 0, kArray}, {".keyTime", "kt", "double"},
+    {".keyValue", "kv", "angle"}, {"output", "o", "angle", {}, 0, kComputed},
+};
+constexpr AttributeRow kCurveUL[] = {
+    {"input", "i", "double"},        {"keyTimeValue", "ktv", "compound", {}, 0, kArray}, {".keyTime", "kt", "double"},
+    {".keyValue", "kv", "distance"}, {"output", "o", "distance", {}, 0, kComputed},
+};
+constexpr AttributeRow kCurveUT[] = {
+    {"input", "i", "double"},    {"keyTimeValue", "ktv", "compound", {}, 0, kArray}, {".keyTime", "kt", "double"},
+    {".keyValue", "kv", "time"}, {"output", "o", "time", {}, 0, kComputed},
+};
+constexpr AttributeRow kCurveUU[] = {
+    {"input", "i", "double"},      {"keyTimeValue", "ktv", "compound", {}, 0, kArray}, {".keyTime", "kt", "double"},
+    {".keyValue", "kv", "double"}, {"output", "o", "double", {}, 0, kComputed},
+};
+
+// The graph keeps the two times as they are set; see Graph::setTime.
+constexpr AttributeRow kTime[] = {
+    {"outTime", "o", "time"},
+    {"unwarpedTime", "unw", "time"},
+    {"enableTimewarp", "etw", "bool"},
+    {"timewarpIn", "twi", "time", {}, 0, kArray},
+    {"timecodeProductionStart", "tps", "time"},
+    {"timecodeMayaStart", "tms", "time"},
+};
+
+constexpr AttributeRow kExpression[] = {
+    {"expression", "e", "string"},
+    {"internalExpression", "ixp", "string"},
+    {"input", "in", "double", {}, 0, kArray},
+    {"output", "out", "double", {}, 0, kArray},
+    {"time", "tim", "time"},
+    {"frame", "f", "double"},
+    {"animated", "ani", "short", {}, 1},
+    {"object", "obm", "message"},
+    {"attribute", "atr", "string", {}, 0, kArray},
+    {"unitOption", "uo", "enum", {}, 0, 0, "all:none:angularOnly"},
+    {"attributeSet", "as", "any", {}, 0, kArray},
+    {"newFileFormat", "nff", "bool"},
+    {"evaluate", "evl", "any"},
+    {"lastTimeEvaluated", "lte", "double"},
+};
+
+constexpr AttributeRow kPairBlend[] = {
+    {"weight", "w", "double", {}, 1, kKeyable},
+    {"inTranslateX1", "itx1", "distance"},
+    {"inTranslateY1", "ity1", "distance"},
+    {"inTranslateZ1", "itz1", "distance"},
+    {"inTranslateX2", "itx2", "distance"},
+    {"inTranslateY2", "ity2", "distance"},
+    {"inTranslateZ2", "itz2", "distance"},
+    {"inRotateX1", "irx1", "angle"},
+    {"inRotateY1", "iry1", "angle"},
+    {"inRotateZ1", "irz1", "angle"},
+    {"inRotateX2", "irx2", "angle"},
+    {"inRotateY2", "iry2", "angle"},
+    {"inRotateZ2", "irz2", "angle"},
+    {"translateXMode", "txm", "enum", {}, 0, 0, "Blend inputs:Input 1 only:Input 2 only"},
+    {"translateYMode", "tym", "enum", {}, 0, 0, "Blend inputs:Input 1 only:Input 2 only"},
+    {"translateZMode", "tzm", "enum", {}, 0, 0, "Blend inputs:Input 1 only:Input 2 only"},
+    {"rotateMode", "rm", "enum", {}, 0, 0, "Blend inputs:Input 1 only:Input 2 only"},
+    {"rotateOrder", "ro", "enum", {}, 0, 0, "xyz:yzx:zxy:xzy:yxz:zyx"},
+    {"rotInterpolation", "ri", "enum", {}, 0, 0, "Euler Angles:Quaternions"},
+    {"currentDriver", "c", "short"},
+    {"outTranslateX", "otx", "distance", {}, 0, kComputed},
+    {"outTranslateY", "oty", "distance", {}, 0, kComputed},
+    {"outTranslateZ", "otz", "distance", {}, 0, kComputed},
+    {"outRotateX", "orx", "angle", {}, 0, kComputed},
+    {"outRotateY", "ory", "angle", {}, 0, kComputed},
+    {"outRotateZ", "orz", "angle", {}, 0, kComputed},
+};
+
+constexpr AttributeRow kBlendWeighted[] = {
+    {"input", "i", "double", {}, 0, kArray},
+    {"weight", "w", "double", {}, 1, kArray},
+    {"current", "c", "short"},
+    {"output", "o", "double"},
+};
+
+constexpr AttributeRow kUnitConversion[] = {
+    {"conversionFactor", "cf", "double", {}, 1},
+    {"input", "i", "double"},
+    {"output", "o", "double", {}, 0, kComputed},
+};
+constexpr AttributeRow kTimeToUnit[] = {
+    {"conversionFactor", "cf", "double", {}, 1},
+    {"input", "i", "time"},
+    {"output", "o", "double", {}, 0, kComputed},
+};
+constexpr AttributeRow kUnitToTime[] = {
+    {"conversionFactor", "cf", "double", {}, 1},
+    {"input", "i", "double"},
+    {"output", "o", "time", {}, 0, kComputed},
+};
+
+constexpr AttributeRow kAnimClip[] = {
+    {"clip", "cl", "any"},
+    {"clipInstance", "ci", "bool", {}, 1},
+    {"poseClip", "pc", "bool"},
+    {"sourceStart", "ss", "time"},
+    {"sourceEnd", "se", "time"},
+    {"startFrame", "st", "time"},
+    {"scale", "sc", "double", {}, 1},
+    {"weight", "w", "double", {}, 1},
+    {"weightStyle", "ws", "short"},
+    {"cycle", "cy", "any"},
+    {"preCycle", "prc", "double"},
+    {"postCycle", "poc", "double"},
+    {"hold", "h", "time"},
+    {"enable", "ea", "bool", {}, 1},
+    {"offset", "os", "enum", {}, 0, kArray},
+    {"timeWarp", "tw", "time"},
+    {"timeWarpEnable", "twe", "bool"},
+    {"absoluteUnit", "abu", "short", {}, 0, kArray},
+    {"dontBlend", "db", "bool"},
+};
+
+constexpr AttributeRow kClipLibrary[] = {
+    {"clip", "cp", "any", {}, 0, kArray},
+    {"clipFunction", "cf", "any", {}, 0, kArray},
+    {"sourceClip", "sc", "any", {}, 0, kArray},
+    {"clipEvalList", "cel", "compound", {}, 0, kArray},
+    {".clipEval", "cev", "compound", {}, 0, kArray},
+    {"..clipEval_Raw", "cevr", "any"},
+    {"characterdata", "cd", "compound", {}, 0, kArray},
+    {".characterMapping", "cm", "any"},
+    {".clipIndexMap", "cim", "Int32Array"},
+};
+
+constexpr AttributeRow kClipScheduler[] = {
+    {"clip", "cp", "any", {}, 0, kArray},
+    {"clipFunction", "cfr", "any"},
+    {"clipEvaluate", "ce", "any"},
+    {"numTracks", "nt", "short"},
+    {"start", "st", "time", {}, 0, kArray},
+    {"sourceStart", "ss", "time", {}, 0, kArray},
+    {"sourceEnd", "se", "time", {}, 0, kArray},
+    {"scale", "sc", "double", {}, 1, kArray},
+    {"weight", "w", "double", {}, 1, kArray},
+    {"track", "tr", "short", {}, 0, kArray},
+    {"blendList", "bl", "any", {}, 0, kArray},
+};
+
+constexpr AttributeRow kAnimLayer[] = {
+    {"parentLayer", "pal", "message"},
+    {"childrenLayers", "cdl", "message", {}, 0, kArray},
+    {"attributeList", "al", "any", {}, 0, kArray},
+    {"blendNodes", "bnd", "message", {}, 0, kArray},
+    {"mute", "mu", "bool"},
+    {"solo", "sl", "bool"},
+    {"lock", "lo", "bool"},
+    {"override", "or", "bool"},
+    {"passthrough", "pth", "bool", {}, 1},
+    {"weight", "wgt", "double", {}, 1},
+    {"foregroundWeight", "fgw", "double", {}, 1},
+    {"backgroundWeight", "bgw", "double", {}, 1},
+    {"rotationAccumulationMode", "ram", "enum"},
+    {"scaleAccumulationMode", "sam", "enum"},
+};
+
+constexpr AttributeRow kAnimBlend[] = {
+    {"weightA", "wa", "double", {}, 1},
+    {"weightB", "wb", "double", {}, 1},
+};
+
+constexpr AttributeRow kMute[] = {
+    {"input", "i", "any"},
+    {"output", "o", "any"},
+    {"mute", "m", "bool"},
+    {"hold", "h", "any"},
+};
+
+constexpr TypeBehaviour kCurve{DagRole::kNone, computeAnimCurve};
+constexpr TypeBehaviour kTimeCurve{DagRole::kNone, computeAnimCurve, "input"};
+constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
+
+constexpr TypeRow kTypes[] = {
+    {"animCurve", "dependNode", api::kAnimCurve, kAnimCurve},
+    {"animCurveTA", "animCurve", api::kAnimCurveTimeToAngular, kCurveTA, kTimeCurve},
+    {"animCurveTL", "animCurve", api::kAnimCurveTimeToDistance, kCurveTL, kTimeCurve},
+    {"animCurveTT", "animCurve", api::kAnimCurveTimeToTime, kCurveTT, kTimeCurve},
+    {"animCurveTU", "animCurve", api::kAnimCurveTimeToUnitless, kCurveTU, kTimeCurve},
+    {"animCurveUA", "animCurve", api::kAnimCurveUnitlessToAngular, kCurveUA, kCurve},
+    {"animCurveUL", "animCurve", api::kAnimCurveUnitlessToDistance, kCurveUL, kCurve},
+    {"animCurveUT", "animCurve", api::kAnimCurveUnitlessToTime, kCurveUT, kCurve},
+    {"animCurveUU", "animCurve", api::kAnimCurveUnitlessToUnitless, kCurveUU, kCurve},
+    {"time", "dependNode", api::kTime, kTime},
+    {"expression", "dependNode", api::kExpression, kExpression, {DagRole::kNone, nullptr, "time", true}},
+    {"unitConversion", "dependNode", api::kUnitConversion, kUnitConversion, {DagRole::kNone, computeUnitConversion}},
+    {"timeToUnitConversion",
+     "dependNode",
+     api::kTimeToUnitConversion,
+     kTimeToUnit,
+     {DagRole::kNone, computeTimeToUnit, "input"}},
+    {"unitToTimeConversion",
+     "dependNode",
+     api::kUnitToTimeConversion,
+     kUnitToTime,
+     {DagRole::kNone, computeUnitToTime}},
+    {"pairBlend", "dependNode", api::kPairBlend, kPairBlend, {DagRole::kNone, computePairBlend}},
+    {"blendWeighted", "dependNode", api::kBlendWeighted, kBlendWeighted, kNotEvaluated},
+    {"animClip", "dependNode", api::kClip, kAnimClip, kNotEvaluated},
+    {"clipLibrary", "dependNode", api::kClipLibrary, kClipLibrary, kNotEvaluated},
+    {"clipScheduler", "dependNode", api::kClipScheduler, kClipScheduler, kNotEvaluated},
+    {"animLayer", "dependNode", api::kAnimLayer, kAnimLayer, kNotEvaluated},
+    {"animBlendNodeBase", "dependNode", api::kBlendNodeBase, kAnimBlend, kNotEvaluated},
+    {"animBlendNodeBoolean", "animBlendNodeBase", api::kBlendNodeBoolean},
+    {"animBlendNodeEnum", "animBlendNodeBase", api::kBlendNodeEnum},
+    {"animBlendNodeAdditive", "animBlendNodeBase", api::kBlendNodeDouble},
+    {"animBlendNodeAdditiveDA", "animBlendNodeBase", api::kBlendNodeDoubleAngle},
+    {"animBlendNodeAdditiveDL", "animBlendNodeBase", api::kBlendNodeDoubleLinear},
+    {"animBlendNodeAdditiveF", "animBlendNodeBase", api::kBlendNodeFloat},
+    {"animBlendNodeAdditiveFA", "animBlendNodeBase", api::kBlendNodeFloatAngle},
+    {"animBlendNodeAdditiveFL", "animBlendNodeBase", api::kBlendNodeFloatLinear},
+    {"animBlendNodeAdditiveI16", "animBlendNodeBase", api::kBlendNodeInt16},
+    {"animBlendNodeAdditiveI32", "animBlendNodeBase", api::kBlendNodeInt32},
+    {"animBlendNodeAdditiveRotation", "animBlendNodeBase", api::kBlendNodeAdditiveRotation},
+    {"animBlendNodeAdditiveScale", "animBlendNodeBase", api::kBlendNodeAdditiveScale},
+    {"animBlendNodeTime", "animBlendNodeBase", api::kBlendNodeTime},
+    {"mute", "dependNode", api::kMute, kMute, kNotEvaluated},
+    {"motionPath", "dependNode", api::kMotionPath, kNotEvaluated},
+    {"timeWarp", "dependNode", api::kTimeWarp, kNotEvaluated},
+};
+
+} // namespace
+
+void registerAnimTypes(NodeTypeRegistry& types) {
+    registerRows(types, kTypes);
+}
+
+} // namespace host

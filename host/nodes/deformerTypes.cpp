@@ -1,0 +1,239 @@
+#include "host/nodes/apiTypes.h"
+#include "host/nodes/typeRows.h"
+#include "host/nodes/typeTables.h"
+
+namespace host {
+
+namespace {
+
+using namespace row;
+
+constexpr AttributeRow kGeometryFilter[] = {
+    {"envelope", "en", "float", {}, 1, kKeyable},
+    {"input", "ip", "compound", {}, 0, kArray},
+    {".inputGeometry", "ig", "geometry"},
+    {".groupId", "gi", "long"},
+    {".componentTagExpression", "gtg", "string"},
+    {"originalGeometry", "orggeom", "geometry", {}, 0, kArray},
+    {"envelopeWeightsList", "ewl", "compound", {}, 0, kArray},
+    {".envelopeWeights", "ews", "float", {}, 1, kArray},
+    {"function", "fu", "any"},
+    {"fchild", "fc", "any"},
+    {"map64BitIndices", "mfi", "bool"},
+    {"blockGPU", "bgpu", "bool"},
+    {"outputGeometry", "og", "geometry", {}, 0, kArray},
+};
+
+constexpr AttributeRow kWeightGeometryFilter[] = {
+    {"weightList", "wl", "compound", {}, 0, kArray},
+    {".weights", "w", "float", {}, 1, kArray},
+    {"weightFunction", "wf", "any", {}, 0, kArray},
+};
+
+constexpr AttributeRow kSkinCluster[] = {
+    {"weightList", "wl", "compound", {}, 0, kArray},
+    {".weights", "w", "double", {}, 0, kArray},
+    {"bindPreMatrix", "pm", "matrix", {}, 0, kArray},
+    {"geomMatrix", "gm", "matrix"},
+    {"matrix", "ma", "matrix", {}, 0, kArray},
+    {"dropoffRate", "dr", "double", {}, 4},
+    {"dropoff", "dpf", "double", {}, 4, kArray},
+    {"smoothness", "smt", "double", {}, 0, kArray},
+    {"lockWeights", "lw", "bool", {}, 0, kArray},
+    {"paintWeights", "ptw", "doubleArray"},
+    {"paintTrans", "ptt", "message"},
+    {"paintArrDirty", "pad", "long"},
+    {"useComponents", "uc", "bool"},
+    {"useComponentsMatrix", "ucm", "bool"},
+    {"maintainMaxInfluences", "mmi", "bool"},
+    {"maxInfluences", "mi", "long", {}, 2},
+    {"bindMethod", "bm", "long"},
+    {"bindVolume", "bv", "any"},
+    {"driverPoints", "drp", "any", {}, 0, kArray},
+    {"basePoints", "bsp", "any", {}, 0, kArray},
+    {"baseDirty", "bsd", "any", {}, 0, kArray},
+    {"nurbsSamples", "ns", "long", {}, 10, kArray},
+    {"polySmoothness", "ps", "double", {}, 0, kArray},
+    {"bindPose", "bp", "message"},
+    {"influenceColor", "ifcl", "float3", "RGB", 0, kArray | kColor},
+    {"normalizeWeights", "nw", "enum", {}, 1, 0, "None:Interactive:Post"},
+    {"weightDistribution", "wd", "enum", {}, 0, 0, "Distance:Neighbors"},
+    {"skinningMethod", "skm", "enum", {}, 0, 0, "Classic Linear:Dual Quaternion:Weight Blended"},
+    {"blendWeights", "bw", "double", {}, 0, kArray},
+    {"deformUserNormals", "dun", "bool", {}, 1},
+    {"wireFrameAware", "wfa", "bool"},
+    {"dqsSupportNonRigid", "dqsnr", "bool"},
+    {"dqsScale", "dqss", "double3", "XYZ", 1},
+    {"cacheSetup", "cs", "any"},
+    {"perInfluencePrebindMatrix", "pipm", "matrix"},
+    {"relativeSpaceMode", "rsm", "enum"},
+    {"relativeSpaceMatrix", "rsmt", "matrix"},
+};
+
+constexpr AttributeRow kCluster[] = {
+    {"relative", "rel", "bool"},
+    {"usePartialResolution", "upr", "enum"},
+    {"percentResolution", "prs", "double", {}, 5},
+    {"angleInterpolation", "ait", "enum"},
+    {"bindPreMatrix", "pm", "matrix"},
+    {"geomMatrix", "gm", "matrix", {}, 0, kArray},
+    {"matrix", "ma", "matrix"},
+    {"bindState", "bs", "bool"},
+    {"clusterXforms", "x", "compound"},
+    {".preMatrix", "pre", "matrix"},
+    {".weightedMatrix", "wt", "matrix"},
+    {".postMatrix", "post", "matrix"},
+    {"weightedCompensationMatrix", "wcm", "matrix"},
+};
+
+constexpr AttributeRow kJointCluster[] = {
+    {"bindPreMatrix", "pm", "matrix"},
+    {"geomMatrix", "gm", "matrix", {}, 0, kArray},
+    {"matrix", "ma", "matrix"},
+    {"aboveBound", "ab", "double", {}, 10},
+    {"belowBound", "bb", "double", {}, 10},
+    {"aboveDropoffType", "adt", "enum"},
+    {"belowDropoffType", "bdt", "enum"},
+    {"aboveCluster", "ac", "any"},
+    {"belowCluster", "bc", "any"},
+    {"upperValue", "uv", "any", {}, 0, kArray},
+    {"lowerValue", "lv", "any", {}, 0, kArray},
+    {"percent", "prc", "double", {}, 0, kArray},
+    {"clusterXforms", "x", "compound"},
+    {".preMatrix", "pre", "matrix"},
+    {".weightedMatrix", "wt", "matrix"},
+    {".postMatrix", "post", "matrix"},
+};
+
+constexpr AttributeRow kTweak[] = {
+    {"relativeTweak", "rtw", "bool", {}, 1},
+    {"plist", "pl", "compound", {}, 0, kArray},
+    {".controlPoints", "cp", "double3", "xValue xv yValue yv zValue zv", 0, kArray},
+    {"vlist", "vl", "compound", {}, 0, kArray},
+    {".vertex", "vt", "float3", "xVertex vx yVertex vy zVertex vz", 0, kArray},
+};
+
+constexpr AttributeRow kBlendShape[] = {
+    {"topologyCheck", "tc", "bool", {}, 1},
+    {"origin", "or", "enum", {}, 1, 0, "world:local"},
+    {"supportNegativeWeights", "sn", "bool"},
+    {"weight", "w", "float", {}, 0, kArray | kKeyable},
+    {"icon", "ic", "string"},
+    {"inputTarget", "it", "compound", {}, 0, kArray},
+    {".baseWeights", "bw", "float", {}, 1, kArray},
+    {".normalizationGroup", "ng", "any", {}, 0, kArray},
+    {".inputTargetGroup", "itg", "compound", {}, 0, kArray},
+    {"..targetWeights", "tw", "float", {}, 1, kArray},
+    {"..normalizationId", "nid", "long"},
+    {"..postDeformersMode", "pdm", "enum"},
+    {"..targetMatrix", "tmx", "matrix"},
+    {"..targetBindMatrix", "tbmx", "matrix"},
+    {"..inputTargetItem", "iti", "compound", {}, 0, kArray},
+    {"...inputGeomTarget", "igt", "geometry"},
+    {"...inputRelativeTarget", "irt", "geometry"},
+    {"...inputPointsTarget", "ipt", "pointArray"},
+    {"...inputComponentsTarget", "ict", "componentList"},
+    {".paintTargetWeights", "pwt", "any", {}, 0, kArray},
+    {".paintTargetIndex", "pti", "long"},
+    {"attributeAliasList", "aal", "attributeAlias"},
+    {"nextNode", "nn", "message"},
+    {"parallelBlender", "pb", "bool"},
+    {"useTargetCompWeights", "utcw", "bool"},
+    {"deformationOrder", "do", "enum"},
+    {"midLayerId", "mlid", "long"},
+    {"midLayerParent", "mlpr", "long"},
+    {"parentDirectory", "pndr", "long", {}, 0, kArray},
+    {"nextTarget", "ntg", "long", {}, 0, kArray},
+    {"targetVisibility", "tgvs", "bool", {}, 1, kArray},
+    {"targetParentVisibility", "tpvs", "bool", {}, 1, kArray},
+    {"targetDirectory", "tgdt", "compound", {}, 0, kArray},
+    {".directoryName", "dtn", "string"},
+    {".childIndices", "cid", "Int32Array"},
+    {".directoryVisibility", "dvs", "bool", {}, 1},
+    {".directoryParentVisibility", "dpvs", "bool", {}, 1},
+    {".parentIndex", "pnid", "long"},
+    {".directoryWeight", "dwgh", "float", {}, 1},
+    {"inbetweenInfoGroup", "ibig", "any", {}, 0, kArray},
+    {"symmetryEdge", "se", "any", {}, 0, kArray},
+    {"offsetDeformer", "ofd", "any", {}, 0, kArray},
+};
+
+constexpr AttributeRow kGroupId[] = {
+    {"groupId", "id", "long"},
+};
+
+constexpr AttributeRow kGroupParts[] = {
+    {"inputGeometry", "ig", "geometry"},
+    {"inputComponents", "ic", "componentList"},
+    {"inputRemoveComponent", "irc", "componentList"},
+    {"groupId", "gi", "long"},
+    {"outputGeometry", "og", "geometry"},
+};
+
+constexpr AttributeRow kTransformGeometry[] = {
+    {"inputGeometry", "ig", "geometry"}, {"transform", "txf", "matrix"},       {"invertTransform", "itf", "bool"},
+    {"freezeNormals", "fn", "bool"},     {"outputGeometry", "og", "geometry"},
+};
+
+constexpr AttributeRow kFfd[] = {
+    {"deformedLatticePoints", "dlp", "lattice"},
+    {"deformedLatticeMatrix", "dlm", "matrix"},
+    {"baseLatticePoints", "blp", "any"},
+    {"baseLatticeMatrix", "blm", "matrix"},
+    {"stuCache", "stu", "any", {}, 0, kArray},
+    {"local", "lo", "bool", {}, 1},
+    {"outsideLattice", "ot", "enum"},
+    {"localInfluenceS", "lis", "short", {}, 2},
+    {"localInfluenceT", "lit", "short", {}, 2},
+    {"localInfluenceU", "liu", "short", {}, 2},
+};
+
+constexpr AttributeRow kNonLinear[] = {
+    {"deformerData", "dd", "any"},
+    {"matrix", "ma", "matrix"},
+};
+
+constexpr AttributeRow kWrap[] = {
+    {"driverPoints", "dp", "any", {}, 0, kArray},
+    {"basePoints", "bp", "any", {}, 0, kArray},
+    {"weightThreshold", "wt", "double"},
+    {"maxDistance", "md", "double"},
+    {"exclusiveBind", "eb", "bool"},
+    {"geomMatrix", "gm", "matrix"},
+};
+
+constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
+
+constexpr TypeRow kTypes[] = {
+    {"geometryFilter", "dependNode", api::kGeometryFilt, kGeometryFilter, kNotEvaluated},
+    {"weightGeometryFilter", "geometryFilter", api::kWeightGeometryFilt, kWeightGeometryFilter},
+    {"skinCluster", "geometryFilter", api::kSkinClusterFilter, kSkinCluster},
+    {"cluster", "weightGeometryFilter", api::kClusterFilter, kCluster},
+    {"jointCluster", "weightGeometryFilter", api::kJointCluster, kJointCluster},
+    {"softMod", "weightGeometryFilter", api::kSoftMod},
+    {"tweak", "geometryFilter", api::kTweak, kTweak},
+    {"blendShape", "geometryFilter", api::kBlendShape, kBlendShape},
+    {"ffd", "weightGeometryFilter", api::kFFD, kFfd},
+    {"nonLinear", "weightGeometryFilter", api::kNonLinear, kNonLinear},
+    {"sculpt", "weightGeometryFilter", api::kSculpt},
+    {"wire", "weightGeometryFilter", api::kWire},
+    {"wrap", "weightGeometryFilter", api::kWrapFilter, kWrap},
+    {"jiggle", "weightGeometryFilter", api::kJiggleDeformer},
+    {"deltaMush", "weightGeometryFilter", api::kDeltaMush},
+    {"tension", "weightGeometryFilter", api::kTension},
+    {"shrinkWrap", "weightGeometryFilter", api::kShrinkWrapFilter},
+    {"proximityWrap", "weightGeometryFilter", api::kProximityWrap},
+    {"textureDeformer", "weightGeometryFilter", api::kTextureDeformer},
+    {"morph", "weightGeometryFilter", api::kMorph},
+    {"groupId", "dependNode", api::kGroupId, kGroupId},
+    {"groupParts", "dependNode", api::kGroupParts, kGroupParts, kNotEvaluated},
+    {"transformGeometry", "dependNode", api::kTransformGeometry, kTransformGeometry, kNotEvaluated},
+};
+
+} // namespace
+
+void registerDeformerTypes(NodeTypeRegistry& types) {
+    registerRows(types, kTypes);
+}
+
+} // namespace host

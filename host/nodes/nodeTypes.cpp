@@ -1,0 +1,49 @@
+#include "host/nodes/nodeTypes.h"
+
+#include "host/nodes/curveCompute.h"
+#include "host/nodes/dagCompute.h"
+#include "host/nodes/typeTables.h"
+
+namespace host {
+
+namespace {
+
+/// Compute functions whose outputs depend on few of the many attributes beside them.
+struct AffectsRow {
+    ComputeFunction compute;
+    void (*fill)(NodeType& type);
+};
+
+constexpr AffectsRow kAffects[] = {
+    {computeDagMatrices, fillDagAffects},
+    {computeAnimCurve, fillCurveAffects},
+};
+
+} // namespace
+
+void registerNodeTypes(NodeTypeRegistry& types) {
+    registerBaseTypes(types);
+    registerDagTypes(types);
+    registerShapeTypes(types);
+    registerLightTypes(types);
+    registerSetTypes(types);
+    registerShaderTypes(types);
+    registerTextureTypes(types);
+    registerPlacementTypes(types);
+    registerAnimTypes(types);
+    registerUtilityTypes(types);
+    registerConstraintTypes(types);
+    registerDeformerTypes(types);
+    registerPolyTypes(types);
+    registerSystemTypes(types);
+    registerRenderTypes(types);
+    for (const auto& type : types.all()) {
+        for (const AffectsRow& row : kAffects) {
+            if (type->compute == row.compute) {
+                row.fill(*type);
+            }
+        }
+    }
+}
+
+} // namespace host

@@ -1,0 +1,287 @@
+#include "host/nodes/apiTypes.h"
+#include "host/nodes/typeRows.h"
+#include "host/nodes/typeTables.h"
+
+namespace host {
+
+namespace {
+
+using namespace row;
+
+constexpr AttributeRow kPolyBase[] = {
+    {"output", "out", "mesh"},
+};
+
+constexpr AttributeRow kPolyPrimitive[] = {
+    {"axis", "ax", "double3", "XYZ", {0, 1, 0}},
+    {"paramWarn", "pw", "bool"},
+    {"texture", "tx", "bool", {}, 1},
+};
+
+constexpr AttributeRow kPolyCube[] = {
+    {"width", "w", "distance", {}, 1, kKeyable},           {"height", "h", "distance", {}, 1, kKeyable},
+    {"depth", "d", "distance", {}, 1, kKeyable},           {"subdivisionsWidth", "sw", "long", {}, 1, kKeyable},
+    {"subdivisionsHeight", "sh", "long", {}, 1, kKeyable}, {"subdivisionsDepth", "sd", "long", {}, 1, kKeyable},
+    {"createUVs", "cuv", "enum", {}, 4, kKeyable},
+};
+
+constexpr AttributeRow kPolyPlane[] = {
+    {"width", "w", "distance", {}, 1, kKeyable},           {"height", "h", "distance", {}, 1, kKeyable},
+    {"subdivisionsWidth", "sw", "long", {}, 10, kKeyable}, {"subdivisionsHeight", "sh", "long", {}, 10, kKeyable},
+    {"createUVs", "cuv", "enum", {}, 2, kKeyable},
+};
+
+constexpr AttributeRow kPolySphere[] = {
+    {"radius", "r", "distance", {}, 1, kKeyable},
+    {"subdivisionsAxis", "sa", "long", {}, 20, kKeyable},
+    {"subdivisionsHeight", "sh", "long", {}, 20, kKeyable},
+    {"createUVs", "cuv", "enum", {}, 2, kKeyable},
+};
+
+constexpr AttributeRow kPolyCylinder[] = {
+    {"radius", "r", "distance", {}, 1, kKeyable},         {"height", "h", "distance", {}, 2, kKeyable},
+    {"subdivisionsAxis", "sa", "long", {}, 20, kKeyable}, {"subdivisionsHeight", "sh", "long", {}, 1, kKeyable},
+    {"subdivisionsCaps", "sc", "long", {}, 1, kKeyable},  {"roundCap", "rcp", "bool", {}, 0, kKeyable},
+    {"createUVs", "cuv", "enum", {}, 3, kKeyable},
+};
+
+constexpr AttributeRow kPolyCone[] = {
+    {"radius", "r", "distance", {}, 1, kKeyable},         {"height", "h", "distance", {}, 2, kKeyable},
+    {"subdivisionsAxis", "sa", "long", {}, 20, kKeyable}, {"subdivisionsHeight", "sh", "long", {}, 1, kKeyable},
+    {"subdivisionsCap", "sc", "long", {}, 0, kKeyable},   {"roundCap", "rcp", "bool", {}, 0, kKeyable},
+    {"createUVs", "cuv", "enum", {}, 3, kKeyable},
+};
+
+constexpr AttributeRow kPolyTorus[] = {
+    {"radius", "r", "distance", {}, 1, kKeyable},
+    {"sectionRadius", "sr", "distance", {}, 0.5, kKeyable},
+    {"twist", "tw", "angle", {}, 0, kKeyable},
+    {"subdivisionsAxis", "sa", "long", {}, 20, kKeyable},
+    {"subdivisionsHeight", "sh", "long", {}, 20, kKeyable},
+    {"createUVs", "cuv", "enum", {}, 1, kKeyable},
+};
+
+constexpr AttributeRow kPolyPlatonic[] = {
+    {"radius", "r", "distance", {}, 1, kKeyable},
+    {"sideLength", "l", "distance", {}, 0.713},
+    {"solidType", "st", "enum", {}, 1},
+    {"createUVs", "cuv", "enum", {}, 4, kKeyable},
+};
+
+constexpr AttributeRow kPolyPyramid[] = {
+    {"sideLength", "w", "distance", {}, 2, kKeyable},      {"numberOfSides", "ns", "long", {}, 4, kKeyable},
+    {"subdivisionsHeight", "sh", "long", {}, 1, kKeyable}, {"subdivisionsCaps", "sc", "long", {}, 0, kKeyable},
+    {"createUVs", "cuv", "enum", {}, 3, kKeyable},
+};
+
+constexpr AttributeRow kPolyPrism[] = {
+    {"length", "l", "distance", {}, 2, kKeyable},        {"sideLength", "w", "distance", {}, 2, kKeyable},
+    {"numberOfSides", "ns", "long", {}, 3, kKeyable},    {"subdivisionsHeight", "sh", "long", {}, 1, kKeyable},
+    {"subdivisionsCaps", "sc", "long", {}, 0, kKeyable}, {"createUVs", "cuv", "enum", {}, 3, kKeyable},
+};
+
+constexpr AttributeRow kPolyPipe[] = {
+    {"radius", "r", "distance", {}, 1, kKeyable},          {"height", "h", "distance", {}, 2, kKeyable},
+    {"thickness", "t", "distance", {}, 0.5, kKeyable},     {"subdivisionsAxis", "sa", "long", {}, 20, kKeyable},
+    {"subdivisionsHeight", "sh", "long", {}, 1, kKeyable}, {"subdivisionsCaps", "sc", "long", {}, 0, kKeyable},
+    {"roundCap", "rcp", "bool", {}, 0, kKeyable},          {"createUVs", "cuv", "enum", {}, 1, kKeyable},
+};
+
+constexpr AttributeRow kPolyHelix[] = {
+    {"coils", "c", "double", {}, 3, kKeyable},           {"height", "h", "distance", {}, 2, kKeyable},
+    {"width", "w", "distance", {}, 2, kKeyable},         {"radius", "r", "distance", {}, 0.4, kKeyable},
+    {"subdivisionsAxis", "sa", "long", {}, 8, kKeyable}, {"subdivisionsCoil", "sco", "long", {}, 50, kKeyable},
+    {"subdivisionsCaps", "sc", "long", {}, 0, kKeyable}, {"direction", "d", "long", {}, 1, kKeyable},
+    {"createUVs", "cuv", "enum", {}, 3, kKeyable},
+};
+
+constexpr AttributeRow kPolyModifier[] = {
+    {"inputPolymesh", "ip", "mesh"},       {"inputComponents", "ics", "componentList"},
+    {"useInputComp", "uc", "bool", {}, 1}, {"useOldPolyArchitecture", "uopa", "bool"},
+    {"inputMatrix", "ix", "matrix"},       {"manipMatrix", "mp", "matrix"},
+    {"worldSpace", "ws", "bool", {}, 1},
+};
+
+constexpr AttributeRow kPolyColorPerVertex[] = {
+    {"colorPerVertex", "cpv", "compound"},
+    {".vertexColor", "vclr", "compound", {}, 0, kArray},
+    {"..vertexColorRGB", "vrgb", "float3", "vertexColorR vxcr vertexColorG vxcg vertexColorB vxcb"},
+    {"..vertexAlpha", "vxal", "float", {}, 1},
+    {"..vertexFaceColor", "vfcl", "compound", {}, 0, kArray},
+    {"...vertexFaceColorRGB", "frgb", "float3", "vertexFaceColorR vfcr vertexFaceColorG vfcg vertexFaceColorB vfcb"},
+    {"...vertexFaceAlpha", "vfal", "float", {}, 1},
+    {"colorSetName", "cn", "string"},
+    {"representation", "rprt", "enum", {}, 3},
+    {"clamped", "clam", "bool", {}, 1},
+};
+
+constexpr AttributeRow kPolyTweak[] = {
+    {"tweak", "tk", "float3", "XYZ", 0, kArray},
+};
+
+constexpr AttributeRow kPolyTweakUv[] = {
+    {"uvTweak", "uvtk", "float2", "uvTweakX tx uvTweakY ty", 0, kArray},
+    {"uvSetName", "uvs", "string"},
+};
+
+constexpr AttributeRow kPolyNormal[] = {
+    {"normalMode", "nm", "enum"},
+    {"userNormalMode", "unm", "bool", {}, 1},
+};
+
+constexpr AttributeRow kPolySoftEdge[] = {
+    {"angle", "a", "angle", {}, 30, kKeyable},
+};
+
+constexpr AttributeRow kPolySubdFace[] = {
+    {"divisions", "dv", "long", {}, 1, kKeyable}, {"divisionsU", "du", "long", {}, 2},
+    {"divisionsV", "dvv", "long", {}, 2},         {"mode", "m", "enum"},
+    {"subdMethod", "sbm", "enum", {}, 1},
+};
+
+constexpr AttributeRow kPolyMapDel[] = {
+    {"uvSetName", "uvs", "string"},
+};
+
+constexpr AttributeRow kPolyUnite[] = {
+    {"inputPoly", "ip", "mesh", {}, 0, kArray},
+    {"inputMat", "im", "matrix", {}, 0, kArray},
+    {"mergeUVSets", "muv", "enum", {}, 1},
+    {"blindDataMode", "bdm", "enum"},
+};
+
+constexpr AttributeRow kDeleteComponent[] = {
+    {"inputGeometry", "ig", "geometry"},
+    {"deleteComponents", "dc", "componentList"},
+    {"outputGeometry", "og", "geometry"},
+};
+
+constexpr AttributeRow kCreateColorSet[] = {
+    {"inputGeometry", "ig", "geometry"},       {"colorSetName", "cs", "string"},
+    {"representation", "rprt", "enum", {}, 3}, {"clamped", "clam", "bool"},
+    {"outputGeometry", "og", "geometry"},
+};
+
+constexpr AttributeRow kUvSetNode[] = {
+    {"inputGeometry", "ig", "geometry"},
+    {"uvSetName", "uvs", "string"},
+    {"outputGeometry", "og", "geometry"},
+};
+
+constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
+
+constexpr TypeRow kTypes[] = {
+    {"polyBase", "dependNode", api::kMidModifier, kPolyBase, kNotEvaluated},
+    {"polyCreator", "polyBase", api::kPolyCreator},
+    {"polyPrimitive", "polyCreator", api::kPolyPrimitive, kPolyPrimitive},
+    {"polyCube", "polyPrimitive", api::kPolyCube, kPolyCube},
+    {"polyPlane", "polyPrimitive", api::kPolyMesh, kPolyPlane},
+    {"polySphere", "polyPrimitive", api::kPolySphere, kPolySphere},
+    {"polyCylinder", "polyPrimitive", api::kPolyCylinder, kPolyCylinder},
+    {"polyCone", "polyPrimitive", api::kPolyCone, kPolyCone},
+    {"polyTorus", "polyPrimitive", api::kPolyTorus, kPolyTorus},
+    {"polyPlatonicSolid", "polyPrimitive", api::kPolyPlatonicSolid, kPolyPlatonic},
+    {"polyPyramid", "polyPrimitive", api::kPolyPyramid, kPolyPyramid},
+    {"polyPrism", "polyPrimitive", api::kPolyPrism, kPolyPrism},
+    {"polyPipe", "polyPrimitive", api::kPolyPipe, kPolyPipe},
+    {"polyHelix", "polyPrimitive", api::kPolyHelix, kPolyHelix},
+    {"polyCreateFace", "polyCreator", api::kPolyCreateFacet},
+    {"polyUnite", "polyCreator", api::kPolyUnite, kPolyUnite},
+    {"polySeparate", "polyBase", api::kPolySeparate},
+    {"polyModifier", "polyBase", api::kMidModifier, kPolyModifier},
+    {"polyAppend", "polyModifier", api::kPolyAppend},
+    {"polyAppendVertex", "polyModifier", api::kPolyAppendVertex},
+    {"polyAutoProj", "polyModifier", api::kPolyAutoProj},
+    {"polyAverageVertex", "polyModifier", api::kPolyAverageVertex},
+    {"polyBevel", "polyModifier", api::kPolyBevel},
+    {"polyBevel2", "polyModifier", api::kPolyBevel2},
+    {"polyBevel3", "polyModifier", api::kPolyBevel3},
+    {"polyBoolOp", "polyBase", api::kPolyBoolOp},
+    {"polyCBoolOp", "polyBase", api::kPolyCBoolOp},
+    {"polyBridgeEdge", "polyModifier", api::kPolyBridgeEdge},
+    {"polyChipOff", "polyModifier", api::kPolyChipOff},
+    {"polyCloseBorder", "polyModifier", api::kPolyCloseBorder},
+    {"polyCollapseEdge", "polyModifier", api::kPolyCollapseEdge},
+    {"polyCollapseF", "polyModifier", api::kPolyCollapseF},
+    {"polyColorDel", "polyModifier", api::kPolyColorDel},
+    {"polyColorMod", "polyModifier", api::kPolyColorMod},
+    {"polyColorPerVertex", "polyModifier", api::kPolyColorPerVertex, kPolyColorPerVertex},
+    {"polyConnectComponents", "polyModifier", api::kPolyConnectComponents},
+    {"polyCrease", "polyModifier", api::kPolyCrease},
+    {"polyCreaseEdge", "polyModifier", api::kPolyCreaseEdge},
+    {"polyCut", "polyModifier", api::kPolyCut},
+    {"polyCylProj", "polyModifier", api::kPolyCylProj},
+    {"polyDelEdge", "polyModifier", api::kPolyDelEdge},
+    {"polyDelFacet", "polyModifier", api::kPolyDelFacet},
+    {"polyDelVertex", "polyModifier", api::kPolyDelVertex},
+    {"polyDuplicateEdge", "polyModifier", api::kPolyDuplicateEdge},
+    {"polyEditEdgeFlow", "polyModifier", api::kPolyEditEdgeFlow},
+    {"polyExtrudeEdge", "polyModifier", api::kPolyExtrudeEdge},
+    {"polyExtrudeFace", "polyModifier", api::kPolyExtrudeFacet},
+    {"polyExtrudeVertex", "polyModifier", api::kPolyExtrudeVertex},
+    {"polyFlipEdge", "polyModifier", api::kPolyFlipEdge},
+    {"polyFlipUV", "polyModifier", api::kPolyFlipUV},
+    {"polyHoleFace", "polyModifier", api::kPolyHoleFace},
+    {"polyLayoutUV", "polyModifier", api::kPolyLayoutUV},
+    {"polyMapCut", "polyModifier", api::kPolyMapCut},
+    {"polyMapDel", "polyModifier", api::kPolyMapDel, kPolyMapDel},
+    {"polyMapSew", "polyModifier", api::kPolyMapSew},
+    {"polyMapSewMove", "polyModifier", api::kPolyMapSewMove},
+    {"polyMergeEdge", "polyModifier", api::kPolyMergeEdge},
+    {"polyMergeFace", "polyModifier", api::kPolyMergeFacet},
+    {"polyMergeUV", "polyModifier", api::kPolyMergeUV},
+    {"polyMergeVert", "polyModifier", api::kPolyMergeVert},
+    {"polyMirror", "polyModifier", api::kPolyMirror},
+    {"polyMoveEdge", "polyModifier", api::kPolyMoveEdge},
+    {"polyMoveFace", "polyModifier", api::kPolyMoveFacet},
+    {"polyMoveFacetUV", "polyModifier", api::kPolyMoveFacetUV},
+    {"polyMoveUV", "polyModifier", api::kPolyMoveUV},
+    {"polyMoveVertex", "polyModifier", api::kPolyMoveVertex},
+    {"polyNormal", "polyModifier", api::kPolyNormal, kPolyNormal},
+    {"polyNormalPerVertex", "polyModifier", api::kPolyNormalPerVertex},
+    {"polyNormalizeUV", "polyModifier", api::kPolyNormalizeUV},
+    {"polyPlanarProj", "polyModifier", api::kPolyPlanProj},
+    {"polyPoke", "polyModifier", api::kPolyPoke},
+    {"polyProj", "polyModifier", api::kPolyProj},
+    {"polyQuad", "polyModifier", api::kPolyQuad},
+    {"polyReduce", "polyModifier", api::kPolyReduce},
+    {"polyRemesh", "polyModifier", api::kPolyRemesh},
+    {"polyRetopo", "polyModifier", api::kPolyRetopo},
+    {"polySewEdge", "polyModifier", api::kPolySewEdge},
+    {"polySmoothFace", "polyModifier", api::kPolySmoothFacet},
+    {"polySmoothProxy", "polyModifier", api::kPolySmoothProxy},
+    {"polySoftEdge", "polyModifier", api::kPolySoftEdge, kPolySoftEdge},
+    {"polySphProj", "polyModifier", api::kPolySphProj},
+    {"polySpinEdge", "polyModifier", api::kPolySpinEdge},
+    {"polySplit", "polyModifier", api::kPolySplit},
+    {"polySplitEdge", "polyModifier", api::kPolySplitEdge},
+    {"polySplitRing", "polyModifier", api::kPolySplitRing},
+    {"polySplitVert", "polyModifier", api::kPolySplitVert},
+    {"polyStraightenUVBorder", "polyModifier", api::kPolyStraightenUVBorder},
+    {"polySubdEdge", "polyModifier", api::kPolySubdEdge},
+    {"polySubdFace", "polyModifier", api::kPolySubdFacet, kPolySubdFace},
+    {"polyTransfer", "polyModifier", api::kPolyTransfer},
+    {"polyTriangulate", "polyModifier", api::kPolyTriangulate},
+    {"polyTweak", "polyModifier", api::kPolyTweak, kPolyTweak},
+    {"polyTweakUV", "polyModifier", api::kPolyTweakUV, kPolyTweakUv},
+    {"polyUnsmooth", "polyModifier", api::kPolyUnsmooth},
+    {"polyWedgeFace", "polyModifier", api::kPolyWedgeFace},
+    {"transferAttributes", "weightGeometryFilter", api::kPolyTransferAttributes},
+    {"deleteComponent", "dependNode", api::kDeleteComponent, kDeleteComponent, kNotEvaluated},
+    {"createColorSet", "dependNode", api::kCreateColorSet, kCreateColorSet, kNotEvaluated},
+    {"copyColorSet", "dependNode", api::kCopyColorSet, kCreateColorSet, kNotEvaluated},
+    {"deleteColorSet", "dependNode", api::kDeleteColorSet, kCreateColorSet, kNotEvaluated},
+    {"createUVSet", "dependNode", api::kCreateUVSet, kUvSetNode, kNotEvaluated},
+    {"polyCopyUV", "polyModifier", api::kCopyUVSet},
+    {"deleteUVSet", "dependNode", api::kDeleteUVSet, kUvSetNode, kNotEvaluated},
+    {"nurbsTessellate", "dependNode", api::kNurbsTesselate, kNotEvaluated},
+    {"subdToPoly", "dependNode", api::kSubdToPoly, kNotEvaluated},
+};
+
+} // namespace
+
+void registerPolyTypes(NodeTypeRegistry& types) {
+    registerRows(types, kTypes);
+}
+
+} // namespace host

@@ -1,0 +1,291 @@
+#include "host/nodes/apiTypes.h"
+#include "host/nodes/typeRows.h"
+#include "host/nodes/typeTables.h"
+#include "host/nodes/utilityCompute.h"
+
+namespace host {
+
+namespace {
+
+using namespace row;
+
+constexpr AttributeRow kMultiplyDivide[] = {
+    {"operation", "op", "enum", {}, 1, 0, "No operation:Multiply:Divide:Power"},
+    {"input1", "i1", "float3", "XYZ", 0, kKeyable},
+    {"input2", "i2", "float3", "XYZ", 1, kKeyable},
+    {"output", "o", "float3", "XYZ"},
+};
+
+constexpr AttributeRow kPlusMinusAverage[] = {
+    {"operation", "op", "enum", {}, 1, 0, "No operation:Sum:Subtract:Average"},
+    {"input1D", "i1", "float", {}, 0, kArray},
+    {"input2D", "i2", "float2", "input2Dx i2x input2Dy i2y", 0, kArray},
+    {"input3D", "i3", "float3", "input3Dx i3x input3Dy i3y input3Dz i3z", 0, kArray},
+    {"output1D", "o1", "float"},
+    {"output2D", "o2", "float2", "output2Dx o2x output2Dy o2y"},
+    {"output3D", "o3", "float3", "output3Dx o3x output3Dy o3y output3Dz o3z"},
+};
+
+constexpr AttributeRow kCondition[] = {
+    {"operation", "op", "enum", {}, 0, 0, "Equal:Not Equal:Greater Than:Greater or Equal:Less Than:Less or Equal"},
+    {"firstTerm", "ft", "float", {}, 0, kKeyable},
+    {"secondTerm", "st", "float", {}, 0, kKeyable},
+    {"colorIfTrue", "ct", "float3", "RGB", 0, kKeyable | kColor},
+    {"colorIfFalse", "cf", "float3", "RGB", 1, kKeyable | kColor},
+    {"outColor", "oc", "float3", "RGB", 0, kColor},
+};
+
+constexpr AttributeRow kReverse[] = {
+    {"input", "i", "float3", "XYZ", 0, kKeyable},
+    {"output", "o", "float3", "XYZ", 0, kComputed},
+};
+
+constexpr AttributeRow kClamp[] = {
+    {"input", "ip", "float3", "RGB", 0, kKeyable},
+    {"min", "mn", "float3", "RGB", 0, kKeyable},
+    {"max", "mx", "float3", "RGB", 0, kKeyable},
+    {"output", "op", "float3", "RGB"},
+};
+
+constexpr AttributeRow kSetRange[] = {
+    {"value", "v", "float3", "XYZ", 0, kKeyable},   {"min", "n", "float3", "XYZ", 0, kKeyable},
+    {"max", "m", "float3", "XYZ", 0, kKeyable},     {"oldMin", "on", "float3", "XYZ", 0, kKeyable},
+    {"oldMax", "om", "float3", "XYZ", 0, kKeyable}, {"outValue", "o", "float3", "XYZ"},
+};
+
+constexpr AttributeRow kRemapValue[] = {
+    {"inputValue", "i", "float", {}, 0, kKeyable},
+    {"inputMin", "imn", "float", {}, 0, kKeyable},
+    {"inputMax", "imx", "float", {}, 1, kKeyable},
+    {"outputMin", "omn", "float", {}, 0, kKeyable},
+    {"outputMax", "omx", "float", {}, 1, kKeyable},
+    {"value", "vl", "compound", {}, 0, kArray},
+    {".value_Position", "vlp", "float"},
+    {".value_FloatValue", "vlfv", "float"},
+    {".value_Interp", "vli", "enum", {}, 1, 0, "None:Linear:Smooth:Spline"},
+    {"color", "cl", "compound", {}, 0, kArray},
+    {".color_Position", "clp", "float"},
+    {".color_Color", "clc", "float3", "RGB", 0, kColor},
+    {".color_Interp", "cli", "enum", {}, 1, 0, "None:Linear:Smooth:Spline"},
+    {"outValue", "ov", "float"},
+    {"outColor", "oc", "float3", "RGB", 0, kColor},
+};
+
+constexpr AttributeRow kDoubleLinear[] = {
+    {"input1", "i1", "distance", {}, 0, kKeyable},
+    {"input2", "i2", "distance", {}, 0, kKeyable},
+    {"output", "o", "distance", {}, 0, kComputed},
+};
+
+constexpr AttributeRow kChoice[] = {
+    {"selector", "s", "long", {}, 0, kKeyable},
+    {"input", "i", "any", {}, 0, kArray},
+    {"output", "o", "any"},
+};
+
+constexpr AttributeRow kDecomposeMatrix[] = {
+    {"inputMatrix", "imat", "matrix"},
+    {"inputRotateOrder", "ro", "enum", {}, 0, 0, "xyz:yzx:zxy:xzy:yxz:zyx"},
+    {"outputQuat", "oq", "double4", "XYZW"},
+    {"outputRotate", "or", "angle3", "XYZ"},
+    {"outputScale", "os", "double3", "XYZ"},
+    {"outputShear", "osh", "double3", "XYZ"},
+    {"outputTranslate", "ot", "distance3", "XYZ"},
+};
+
+constexpr AttributeRow kComposeMatrix[] = {
+    {"inputTranslate", "it", "distance3", "XYZ"},
+    {"inputRotate", "ir", "angle3", "XYZ"},
+    {"inputRotateOrder", "ro", "enum", {}, 0, 0, "xyz:yzx:zxy:xzy:yxz:zyx"},
+    {"inputScale", "is", "double3", "XYZ", 1},
+    {"inputShear", "ish", "double3", "XYZ"},
+    {"inputQuat", "iq", "double4", "XYZW", {0, 0, 0, 1}},
+    {"useEulerRotation", "uer", "bool", {}, 1},
+    {"outputMatrix", "omat", "matrix"},
+};
+
+constexpr AttributeRow kMultMatrix[] = {
+    {"matrixIn", "i", "matrix", {}, 0, kArray},
+    {"matrixSum", "o", "matrix"},
+};
+
+constexpr AttributeRow kAddMatrix[] = {
+    {"matrixIn", "i", "matrix", {}, 0, kArray},
+    {"matrixSum", "o", "matrix"},
+};
+
+constexpr AttributeRow kWtAddMatrix[] = {
+    {"wtMatrix", "i", "compound", {}, 0, kArray},
+    {".matrixIn", "m", "matrix"},
+    {".weightIn", "w", "double"},
+    {"matrixSum", "o", "matrix"},
+};
+
+constexpr AttributeRow kOneMatrix[] = {
+    {"inMatrix", "i", "matrix"},
+    {"outMatrix", "o", "matrix"},
+};
+
+constexpr AttributeRow kInverseMatrix[] = {
+    {"inputMatrix", "imat", "matrix"},
+    {"outputMatrix", "omat", "matrix"},
+};
+
+constexpr AttributeRow kPointMatrixMult[] = {
+    {"inPoint", "ip", "double3", "XYZ"},
+    {"inMatrix", "im", "matrix"},
+    {"vectorMultiply", "vm", "bool"},
+    {"output", "o", "double3", "XYZ"},
+};
+
+constexpr AttributeRow kVectorProduct[] = {
+    {"operation",
+     "op",
+     "enum",
+     {},
+     1,
+     0,
+     "No operation:Dot Product:Cross Product:Vector Matrix Product:Point Matrix Product"},
+    {"input1", "i1", "float3", "XYZ", 0, kKeyable},
+    {"input2", "i2", "float3", "XYZ", 0, kKeyable},
+    {"matrix", "m", "matrix"},
+    {"normalizeOutput", "no", "bool"},
+    {"output", "o", "float3", "XYZ"},
+};
+
+constexpr AttributeRow kDistanceBetween[] = {
+    {"point1", "p1", "distance3", "XYZ"}, {"inMatrix1", "im1", "matrix"}, {"point2", "p2", "distance3", "XYZ"},
+    {"inMatrix2", "im2", "matrix"},       {"distance", "d", "distance"},
+};
+
+constexpr AttributeRow kAngleBetween[] = {
+    {"vector1", "v1", "distance3", "XYZ", {1, 0, 0}},
+    {"vector2", "v2", "distance3", "XYZ", {1, 0, 0}},
+    {"angle", "a", "angle"},
+    {"axis", "ax", "double3", "XYZ"},
+    {"euler", "eu", "angle3", "XYZ"},
+};
+
+constexpr AttributeRow kBlendColors[] = {
+    {"blender", "b", "float", {}, 0.5, kKeyable},
+    {"color1", "c1", "float3", "RGB", {1, 0, 0}, kKeyable | kColor},
+    {"color2", "c2", "float3", "RGB", {0, 0, 1}, kKeyable | kColor},
+    {"output", "op", "float3", "RGB", 0, kColor},
+};
+
+constexpr AttributeRow kBlendTwoAttr[] = {
+    {"attributesBlender", "ab", "double", {}, 0.5, kKeyable},
+    {"input", "i", "double", {}, 0, kArray},
+    {"current", "c", "short"},
+    {"driver", "d", "short"},
+    {"output", "o", "double"},
+};
+
+constexpr AttributeRow kGammaCorrect[] = {
+    {"value", "v", "float3", "XYZ", 0, kKeyable},
+    {"gamma", "g", "float3", "XYZ", 1, kKeyable},
+    {"outValue", "o", "float3", "XYZ"},
+};
+
+constexpr AttributeRow kContrast[] = {
+    {"value", "v", "float3", "XYZ", 0, kKeyable},
+    {"contrast", "c", "float3", "XYZ", 2, kKeyable},
+    {"bias", "b", "float3", "XYZ", 0.5, kKeyable},
+    {"outValue", "o", "float3", "XYZ"},
+};
+
+constexpr AttributeRow kLuminance[] = {
+    {"value", "v", "float3", "RGB", 0, kKeyable},
+    {"outValue", "o", "float"},
+};
+
+constexpr AttributeRow kHsvToRgb[] = {
+    {"inHsv", "i", "float3", "inHsvR ir inHsvG ig inHsvB ib"},
+    {"outRgb", "o", "float3", "outRgbR or outRgbG og outRgbB ob", 0, kColor},
+};
+
+constexpr AttributeRow kRgbToHsv[] = {
+    {"inRgb", "i", "float3", "inRgbR ir inRgbG ig inRgbB ib", 0, kColor},
+    {"outHsv", "o", "float3", "outHsvH oh outHsvS os outHsvV ov"},
+};
+
+constexpr AttributeRow kSamplerInfo[] = {
+    {"pixelCenter", "pc", "float2", "pixelCenterX px pixelCenterY py"},
+    {"pointWorld", "pw", "float3", "XYZ"},
+    {"pointObj", "po", "float3", "XYZ"},
+    {"pointCamera", "p", "float3", "XYZ=p_"},
+    {"normalCamera", "n", "float3", "XYZ"},
+    {"uvCoord", "uv", "float2", "uCoord u vCoord v"},
+    {"rayDirection", "r", "float3", "XYZ"},
+    {"facingRatio", "fr", "float"},
+    {"flippedNormal", "fn", "bool"},
+};
+
+constexpr AttributeRow kRemapColor[] = {
+    {"color", "cl", "float3", "RGB", 0, kKeyable | kColor},
+    {"inputMin", "imn", "float"},
+    {"inputMax", "imx", "float", {}, 1},
+    {"outputMin", "omn", "float"},
+    {"outputMax", "omx", "float", {}, 1},
+    {"outColor", "oc", "float3", "RGB", 0, kColor},
+};
+
+constexpr AttributeRow kCurveInfo[] = {
+    {"inputCurve", "ic", "nurbsCurve"},
+    {"arcLength", "al", "distance"},
+    {"controlPoints", "cp", "distance3", "xValue xv yValue yv zValue zv", 0, kArray},
+    {"weights", "wt", "double", {}, 0, kArray},
+    {"knots", "kn", "double", {}, 0, kArray},
+};
+
+constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
+
+constexpr TypeRow kTypes[] = {
+    {"multiplyDivide", "dependNode", api::kMultiplyDivide, kMultiplyDivide, kNotEvaluated},
+    {"plusMinusAverage", "dependNode", api::kPlusMinusAverage, kPlusMinusAverage, kNotEvaluated},
+    {"condition", "dependNode", api::kCondition, kCondition, kNotEvaluated},
+    {"reverse", "dependNode", api::kReverse, kReverse, {DagRole::kNone, computeReverse}},
+    {"clamp", "dependNode", api::kClampColor, kClamp, kNotEvaluated},
+    {"setRange", "dependNode", api::kSetRange, kSetRange, kNotEvaluated},
+    {"remapValue", "dependNode", api::kRemapValue, kRemapValue, kNotEvaluated},
+    {"remapColor", "dependNode", api::kRemapColor, kRemapColor, kNotEvaluated},
+    {"remapHsv", "dependNode", api::kRemapHsv, kRemapColor, kNotEvaluated},
+    {"addDoubleLinear", "dependNode", api::kAddDoubleLinear, kDoubleLinear, {DagRole::kNone, computeAddDoubleLinear}},
+    {"multDoubleLinear",
+     "dependNode",
+     api::kMultDoubleLinear,
+     kDoubleLinear,
+     {DagRole::kNone, computeMultDoubleLinear}},
+    {"choice", "dependNode", api::kChoice, kChoice, kNotEvaluated},
+    {"decomposeMatrix", "dependNode", api::kDecomposeMatrix, kDecomposeMatrix, kNotEvaluated},
+    {"composeMatrix", "dependNode", api::kComposeMatrix, kComposeMatrix, kNotEvaluated},
+    {"multMatrix", "dependNode", api::kMatrixMult, kMultMatrix, kNotEvaluated},
+    {"addMatrix", "dependNode", api::kMatrixAdd, kAddMatrix, kNotEvaluated},
+    {"wtAddMatrix", "dependNode", api::kMatrixWtAdd, kWtAddMatrix, kNotEvaluated},
+    {"holdMatrix", "dependNode", api::kMatrixHold, kOneMatrix, kNotEvaluated},
+    {"passMatrix", "dependNode", api::kMatrixPass, kOneMatrix, kNotEvaluated},
+    {"inverseMatrix", "dependNode", api::kInverseMatrix, kInverseMatrix, kNotEvaluated},
+    {"transposeMatrix", "dependNode", api::kTransposeMatrix, kInverseMatrix, kNotEvaluated},
+    {"fourByFourMatrix", "dependNode", api::kFourByFourMatrix, kNotEvaluated},
+    {"pointMatrixMult", "dependNode", api::kPointMatrixMult, kPointMatrixMult, kNotEvaluated},
+    {"vectorProduct", "dependNode", api::kVectorProduct, kVectorProduct, kNotEvaluated},
+    {"distanceBetween", "dependNode", api::kDistanceBetween, kDistanceBetween, kNotEvaluated},
+    {"angleBetween", "dependNode", api::kAngleBetween, kAngleBetween, kNotEvaluated},
+    {"blendColors", "dependNode", api::kBlendColors, kBlendColors, kNotEvaluated},
+    {"blendTwoAttr", "dependNode", api::kBlendTwoAttr, kBlendTwoAttr, kNotEvaluated},
+    {"gammaCorrect", "dependNode", api::kGammaCorrect, kGammaCorrect, kNotEvaluated},
+    {"contrast", "dependNode", api::kContrast, kContrast, kNotEvaluated},
+    {"luminance", "dependNode", api::kLuminance, kLuminance, kNotEvaluated},
+    {"hsvToRgb", "dependNode", api::kHsvToRgb, kHsvToRgb, kNotEvaluated},
+    {"rgbToHsv", "dependNode", api::kRgbToHsv, kRgbToHsv, kNotEvaluated},
+    {"samplerInfo", "dependNode", api::kSamplerInfo, kSamplerInfo, kNotEvaluated},
+    {"curveInfo", "dependNode", api::kCurveInfo, kCurveInfo, kNotEvaluated},
+};
+
+} // namespace
+
+void registerUtilityTypes(NodeTypeRegistry& types) {
+    registerRows(types, kTypes);
+}
+
+} // namespace host
