@@ -9,7 +9,7 @@ public:
     MAnimControl() = delete;
 
     static MTime currentTime();
-    /// Everything that depends on time is evaluated anew when it is read next. Fails for a time that is no number.
+    /// Everything that depends on time is evaluated anew when it is read next.
     static MStatus setCurrentTime(const MTime& time);
 
     /// The playback range.

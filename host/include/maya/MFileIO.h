@@ -21,8 +21,6 @@ public:
     static MStatus exportAll(const MString& fileName, const char* type = nullptr, bool preserveReferences = false);
     static MStatus exportSelected(const MString& fileName, const char* type = nullptr, bool preserveReferences = false);
 
-    static bool isReadingFile();
-    static bool isOpeningFile();
     static bool isWritingFile();
     /// The file that an export is about to write. Fails, and gives "", outside exports.
     static MString beforeExportFilename(MStatus* ReturnStatus = nullptr);

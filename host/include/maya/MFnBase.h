@@ -18,7 +18,6 @@ public:
     MObject object(MStatus* ReturnStatus = nullptr) const;
     /// Fails with kInvalidParameter on an object of the wrong type and on null objects, and stays as it was.
     virtual MStatus setObject(const MObject& object);
-    virtual MStatus setObject(MObject& object);
 
 protected:
     MFnBase();

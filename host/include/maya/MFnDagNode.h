@@ -15,7 +15,6 @@ public:
 
     MFn::Type type() const override;
     MStatus setObject(const MObject& object) override;
-    MStatus setObject(MObject& object) override;
     virtual MStatus setObject(const MDagPath& path);
 
     /// Shapes, intermediate ones too, and transforms, in DAG order.

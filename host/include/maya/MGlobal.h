@@ -32,14 +32,12 @@ public:
     static int apiVersion();
     static MMayaState mayaState(MStatus* ReturnStatus = nullptr);
     static bool isYAxisUp(MStatus* ReturnStatus = nullptr);
-    static bool isZAxisUp(MStatus* ReturnStatus = nullptr);
-    static MVector upAxis(MStatus* ReturnStatus = nullptr);
 
     static void displayInfo(const MString& message);
     static void displayWarning(const MString& message);
     static void displayError(const MString& message);
 
-    /// Run MEL. Fail when it ends in an error, whose text is shown as one, or when the result does not fit; the result
+    /// Run MEL; displayEnabled shows the command as an info line first, and there is no undo. Fail when it ends in an error, whose text is shown as one, or when the result does not fit; the result
     /// is untouched then. An integer fits a double, a single value fits an array. A command without a result fits none.
     static MStatus executeCommand(const MString& command, bool displayEnabled = false, bool undoEnabled = false);
     static MStatus executeCommand(const MString& command, MCommandResult& result, bool displayEnabled = false,

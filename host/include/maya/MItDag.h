@@ -8,6 +8,7 @@
 #include <maya/MString.h>
 
 #include <deque>
+#include <vector>
 
 class MDagPathArray;
 
@@ -52,15 +53,14 @@ private:
         MDagPath path;
         unsigned int depth = 0;
     };
-    void start(const MDagPath& root, TraversalType type);
-    void takeFront();
-    void settle();
-    bool accepts(const MObject& node) const;
+    MStatus start(const MDagPath& root, TraversalType type, std::vector<MFn::Type> filter);
+    void step();
 
     TraversalType type_ = kDepthFirst;
-    std::vector<MFn::Type> filters_; // empty: everything
-    MObject root_;
-    std::deque<Place> waiting_; // front: next
+    std::vector<MFn::Type> filter_; // empty: everything
+    MDagPath root_;
+    std::deque<Place> waiting_; // the next one in front
     Place current_;
-    bool done_ = true, pruned_ = false;
+    bool done_ = true;
+    bool pruned_ = false; // nothing below the current item is to be visited
 };

@@ -65,6 +65,5 @@ public:
 
 private:
     struct Walk;
-    MStatus start();
     std::unique_ptr<Walk> walk_;
 };

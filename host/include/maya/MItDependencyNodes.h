@@ -5,6 +5,7 @@
 #include <maya/MObject.h>
 #include <maya/MStatus.h>
 
+#include <cstddef>
 #include <vector>
 
 /// All nodes of the scene that have a function set, in the order in which they were made. Nodes that are deleted on the
@@ -24,7 +25,7 @@ public:
     MObject item(MStatus* ReturnStatus = nullptr) const;
 
 private:
-    MStatus start(const std::vector<MFn::Type>& filters);
+    MStatus start(const std::vector<MFn::Type>& filter);
     void skipGone();
 
     std::vector<MObject> nodes_;

@@ -13,7 +13,7 @@ public:
     ~MIteratorType();
 
     MStatus setFilterType(MFn::Type type);
-    MStatus setFilterList(MIntArray& types);
+    MStatus setFilterList(const MIntArray& types);
     MStatus setObjectType(objFilterType type);
 
     MFn::Type filterType(MStatus* ReturnStatus = nullptr) const;

@@ -39,6 +39,6 @@ public:
 
 private:
     friend class host::ApiAccess;
-    std::shared_ptr<const host::ObjectPayload> payload_; // empty for nodes
+    std::shared_ptr<host::ObjectPayload> payload_; // empty for nodes
     std::uint32_t slot_ = 0, generation_ = 0;
 };

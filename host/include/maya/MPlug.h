@@ -22,6 +22,8 @@ class MPlugArray;
 /// "", a null plug).
 class MPlug {
 public:
+    enum FreeToChangeState { kFreeToChange = 0, kNotFreeToChange, kChildrenNotFreeToChange };
+
     MPlug();
     MPlug(const MPlug& other);
     /// Fails when the node has no such attribute. An attribute below an array gives a plug without indices, see
@@ -38,8 +40,9 @@ public:
     MString name(MStatus* ReturnStatus = nullptr) const;
     /// "node:a.b[3]" in long names.
     MString info(MStatus* ReturnStatus = nullptr) const;
-    /// Short names by default; see the flags. Indices above the last one appear with includeNonMandatoryIndices,
-    /// includeInstancedIndices or useFullAttributePath.
+    /// Short names, from the outermost array above on, by default. useFullAttributePath adds the compounds above it;
+    /// the element of a world-space array has an index with includeInstancedIndices or includeNonMandatoryIndices only;
+    /// useAlias gives the alias instead when the plug has one.
     MString partialName(bool includeNodeName = false, bool includeNonMandatoryIndices = false,
                         bool includeInstancedIndices = false, bool useAlias = false, bool useFullAttributePath = false,
                         bool useLongNames = false, MStatus* ReturnStatus = nullptr) const;
@@ -58,9 +61,10 @@ public:
     bool isCaching(MStatus* ReturnStatus = nullptr) const;
     bool isConnectable(MStatus* ReturnStatus = nullptr) const;
     bool isDynamic(MStatus* ReturnStatus = nullptr) const;
-    /// Whether setValue would be taken: not locked, not a destination, not computed. The flags add the parents and the
-    /// children of compounds.
-    bool isFreeToChange(bool checkParents = true, bool checkChildren = true, MStatus* ReturnStatus = nullptr) const;
+    /// Whether setValue would be taken: not locked, not a destination, not computed. The flags add the compounds and
+    /// arrays above and the children of a compound.
+    FreeToChangeState isFreeToChange(bool checkParents = true, bool checkChildren = true,
+                                     MStatus* ReturnStatus = nullptr) const;
     bool isDefaultValue(MStatus* ReturnStatus = nullptr) const;
 
     MPlug child(unsigned int index, MStatus* ReturnStatus = nullptr) const;

@@ -7,7 +7,8 @@
 #include <maya/MString.h>
 #include <maya/MStringArray.h>
 
-#include <memory>
+#include <cstddef>
+#include <vector>
 
 /// A list of nodes, DAG paths with or without components, and plugs. Entries whose node is gone fail when asked for.
 class MSelectionList {
@@ -50,10 +51,14 @@ public:
 private:
     friend class host::ApiAccess;
     struct Entry {
-        MObject node; // of entries that are not DAG paths
+        MObject node; // always: of a DAG path its end, of a plug its node
         MDagPath path;
         MObject component;
         MPlug plug;
     };
+    static bool same(const Entry& a, const Entry& b);
+    std::size_t find(const Entry& wanted) const; // length() when it is not there
+    MStatus addEntry(const Entry& entry, bool mergeWithExisting);
+
     std::vector<Entry> entries_;
 };

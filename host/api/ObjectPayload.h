@@ -1,0 +1,52 @@
+#pragma once
+
+#include "host/graph/Node.h"
+
+#include <maya/MFn.h>
+#include <maya/MFnNumericData.h>
+
+#include <array>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace host {
+
+class Plugin;
+
+/// An attribute: of a node type, at its place in the topmost type that has it, so that a transform's and a mesh's
+/// visibility are one; or a dynamic one of a node.
+struct AttributeObject {
+    const NodeType* type = nullptr; // null for dynamic attributes
+    NodeId node;                    // of dynamic attributes
+    AttrIndex attr = kNoAttr;
+};
+
+/// Two to four numbers: the value of a compound of numbers.
+struct NumericValue {
+    MFnNumericData::Type type = MFnNumericData::kInvalid;
+    std::array<double, 4> numbers{};
+};
+
+/// A value of a plug. Function sets for data may change it in place.
+struct DataObject {
+    std::variant<NumericValue, Matrix44, std::string, DataPtr> value;
+};
+
+/// Components of one kind of a shape, as names write them: "f[0:3]", "f[7]", "vtx[*]". At least one.
+struct ComponentObject {
+    MFn::Type type = MFn::kComponent;
+    std::vector<std::string> texts;
+};
+
+/// A plug-in while its entry points run.
+struct PluginObject {
+    Plugin* plugin = nullptr; // null once the entry point has returned
+};
+
+/// What an MObject that is no node stands for.
+struct ObjectPayload {
+    std::variant<AttributeObject, DataObject, ComponentObject, PluginObject> what;
+};
+
+} // namespace host
