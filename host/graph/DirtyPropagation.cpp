@@ -18,6 +18,7 @@ void DirtyPropagation::addPlace(Node& node) {
 
 void DirtyPropagation::run() {
     while (!open_.empty() || !openPlaces_.empty()) {
+        ++graph_.dropCount;
         if (open_.empty()) {
             Node* node = openPlaces_.back();
             openPlaces_.pop_back();

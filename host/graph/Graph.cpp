@@ -210,6 +210,10 @@ std::size_t Graph::computeCount() const {
     return impl_->computeCount;
 }
 
+std::size_t Graph::dropCount() const {
+    return impl_->dropCount;
+}
+
 bool Graph::isCached(const Plug& output) const {
     return output && output.node->cache_.count(output.at) != 0;
 }

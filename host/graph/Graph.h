@@ -121,6 +121,8 @@ public:
     /// Counts compute calls, for tests of "asking twice computes once".
     std::size_t computeCount() const;
     bool isCached(const Plug& output) const;
+    /// Counts the plugs and nodes that dropping has looked at, for tests of what a change costs.
+    std::size_t dropCount() const;
 
 private:
     friend class Evaluation;

@@ -62,6 +62,7 @@ struct Graph::Impl {
 
     std::size_t cachedCount = 0; // entries of all caches: nothing to drop while it is 0
     std::size_t computeCount = 0;
+    std::size_t dropCount = 0;
     PlugSet computing;
     int depth = 0;
     bool preparing = false;
