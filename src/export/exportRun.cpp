@@ -13,6 +13,7 @@
 #include "platform/userEnvironment.h"
 #include "scene/OutputKind.h"
 #include "scene/Run.h"
+#include "scene/guarded.h"
 #include "scene/hostCompatibility.h"
 
 #include <maya/MAnimControl.h>
@@ -21,7 +22,6 @@
 
 #include <algorithm>
 #include <array>
-#include <exception>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -72,53 +72,62 @@ std::optional<MMatrix> noBindPose(const NodeRecord& /*node*/) {
     return std::nullopt;
 }
 
+struct AnimationCheck {
+    bool ExportOptions::*output;
+    bool SceneData::*animated;
+    const Message& warning;
+};
+
+const std::array<AnimationCheck, 4> kAnimationChecks{{
+    {&ExportOptions::outIma, &SceneData::materialColorAnimated, kNoMaterialColorAnimation},
+    {&ExportOptions::outItp, &SceneData::texturePatternAnimated, kNoTexturePatternAnimation},
+    {&ExportOptions::outIva, &SceneData::visibilityAnimated, kNoVisibilityAnimation},
+    {&ExportOptions::outIta, &SceneData::textureSrtAnimated, kNoTextureSrtAnimation},
+}};
+
 void warnOfMissingAnimation() {
-    if (run().options.outIva && !run().scene.visibilityAnimated) {
-        say(kNoVisibilityAnimation);
+    for (const AnimationCheck& check : kAnimationChecks) {
+        if (run().options.*check.output && !(run().scene.*check.animated)) {
+            say(check.warning);
+        }
     }
 }
-
-// Frees the run's data whichever way the driver is left.
-struct SceneGuard {
-    SceneGuard() { run().clearScene(); }
-    ~SceneGuard() { run().clearScene(); }
-    SceneGuard(const SceneGuard&) = delete;
-    SceneGuard& operator=(const SceneGuard&) = delete;
-};
 
 void showEnd(const MStatus& status, int64_t seconds) {
     if (run().options.batchFlag) {
         return;
     }
-    const std::string text = status ? "Finished" + elapsedText(seconds) : "Stopped";
+    const std::string text = status ? finishedText(seconds) : "Stopped";
     showProgress(text);
     if (status) {
         showInformation(text);
     }
 }
 
-// Gathers, writes and reports; what is gathered is freed when it returns.
-MStatus gatherAndWrite() {
-    const SceneGuard guard;
-    int written = 0;
+void reportFailure(const char* what) {
+    say(kUnexpectedFailure, what);
+}
+
+MStatus gatherAndWrite(int& written) {
     MStatus status = gatherScene();
     if (status) {
         status = writeAllFiles(written);
     }
     if (status) {
         warnOfLongNames();
+        if (run().options.useMtworkbench) {
+            say(kWorkbenchNotInVersion);
+        }
     }
     if (status && written > 0) {
         printSummary();
-    }
-    if (written == 0) {
-        showInformation("---- No Output File ----");
     }
     return status;
 }
 
 // Options, messages and the driver. The log, when there is one, closes at the end.
 MStatus validateAndRun(BatchLog& log) {
+    setupStream(*run().messages);
     MStatus status = validateOptions();
     if (status) {
         status = runExport();
@@ -144,15 +153,12 @@ MStatus exportUnguarded(const MFileObject& file, const MString& optionString, MP
     return validateAndRun(log);
 }
 
-// Marks the run as under way, and leaves no pointer to a closed log behind.
+// Marks the run as under way; frees its data, whichever way it ended.
 struct RunGuard {
     RunGuard() { run().underWay = true; }
     ~RunGuard() {
+        run().clearScene();
         run().underWay = false;
-        run().messages = nullptr;
-        const bool warned = run().warningRaised;
-        run().resetMessages();
-        run().warningRaised = warned;
     }
     RunGuard(const RunGuard&) = delete;
     RunGuard& operator=(const RunGuard&) = delete;
@@ -180,7 +186,10 @@ MStatus gatherScene() {
     if (run().options.animationOutput) {
         status = sampleAnimation();
     }
-    return status ? MAnimControl::setCurrentTime(userTime) : status;
+    if (status) {
+        MAnimControl::setCurrentTime(userTime);
+    }
+    return status;
 }
 
 MStatus writeAllFiles(int& written) {
@@ -200,10 +209,16 @@ MStatus writeAllFiles(int& written) {
 
 MStatus runExport() {
     const int64_t start = wallClockSeconds();
+    run().clearScene();
     MFeedbackLine::setShowFeedback(true);
     printRunHeader();
     showProgress("Getting Data ...");
-    const MStatus status = gatherAndWrite();
+    int written = 0;
+    const MStatus status = guarded([&] { return gatherAndWrite(written); }, reportFailure);
+    if (written == 0) {
+        showInformation("---- No Output File ----");
+    }
+    run().clearScene();
     showEnd(status, wallClockSeconds() - start);
     return status;
 }
@@ -213,14 +228,7 @@ MStatus exportFile(const MFileObject& file, const MString& optionString, MPxFile
         return MS::kFailure;
     }
     const RunGuard guard;
-    try {
-        return exportUnguarded(file, optionString, mode);
-    } catch (const std::exception& exception) {
-        say(kUnexpectedFailure, exception.what());
-    } catch (...) {
-        say(kUnexpectedFailure, "unknown reason");
-    }
-    return MS::kFailure;
+    return guarded([&] { return exportUnguarded(file, optionString, mode); }, reportFailure);
 }
 
 } // namespace tvk

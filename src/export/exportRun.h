@@ -8,8 +8,8 @@
 namespace tvk {
 
 /// One export, as the host's file translator is asked for it: options, messages, scene, files, report. Nothing that it
-/// gathered outlives it. Fails when a message of severity error was written; never throws. A call from inside a run
-/// fails at once and disturbs nothing.
+/// gathered outlives it. Fails when a step said an error; never throws. A call from inside a run
+/// fails at once, says nothing and disturbs nothing.
 MStatus exportFile(const MFileObject& file, const MString& optionString, MPxFileTranslator::FileAccessMode mode);
 
 /// The driver: gathers the scene and writes the files by the run's options, reports, and frees what it gathered.

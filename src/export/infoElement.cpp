@@ -6,7 +6,6 @@
 #include <array>
 #include <ostream>
 #include <string>
-#include <string_view>
 
 namespace tvk {
 namespace {
@@ -58,6 +57,11 @@ std::string interpolation() {
     return word(std::array<const char*, 3>{"frame", "linear", "key"}, run().options.animeInterp, 0);
 }
 
+// Frame interpolation fills nothing in, so there is nothing to say of the way back to the start.
+std::string loop() {
+    return interpolation() == "frame" ? std::string() : onOff(run().options.loopInterp);
+}
+
 std::string frameStep() {
     return word(std::array<const char*, 4>{"auto", "1", "2", "4"}, run().options.frameStepMode, 1);
 }
@@ -65,7 +69,7 @@ std::string frameStep() {
 struct InfoRow {
     const char* name;
     Kinds kinds;
-    std::string (*value)();
+    std::string (*value)(); // empty: no line
 };
 
 const ExportOptions& options() {
@@ -82,7 +86,7 @@ const std::array<InfoRow, 23> kInfoRows{{
     {"tool_start_frame", kAll, [] { return integer(options().startFrame); }},
     {"tool_end_frame", kAll & ~kImd, [] { return integer(options().endFrame); }},
     {"interpolation", kIca | kIma | kIta, interpolation},
-    {"interp_end_to_start", kIca | kIma | kIta, [] { return std::string(onOff(options().loopInterp)); }},
+    {"interp_end_to_start", kIca | kIma | kIta, loop},
     {"tex_matrix_mode", kImd | kIta, [] { return std::string("maya"); }},
     {"compress_node", kImd | kIca | kIva, nodeCompression},
     {"compress_material", kImd | kIma | kItp | kIta, materialCompression},
@@ -104,10 +108,9 @@ const std::array<InfoRow, 23> kInfoRows{{
 void writeInfo(std::ostream& out, OutputKind kind) {
     out << '<' << outputKindRow(kind).infoElement << '\n';
     for (const InfoRow& row : kInfoRows) {
-        // Frame interpolation fills nothing in, so there is nothing to say of the way back to the start.
-        const bool idle = row.name == std::string_view("interp_end_to_start") && options().animeInterp == 0;
-        if ((row.kinds & bit(kind)) != 0 && !idle) {
-            writeAttributeLine(out, 1, row.name, row.value());
+        const std::string value = row.value();
+        if ((row.kinds & bit(kind)) != 0 && !value.empty()) {
+            writeAttributeLine(out, 1, row.name, value);
         }
     }
     out << "/>\n\n";

@@ -7,6 +7,7 @@
 
 #include <maya/MFn.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -23,6 +24,12 @@ const std::array<UnsupportedShape, 3> kUnsupportedShapes{{
     {MFn::kNurbsSurface, kNurbsSurface},
     {MFn::kSubdiv, kSubdivSurface},
 }};
+
+constexpr std::array<MFn::Type, 3> kViewTypes{MFn::kCamera, MFn::kLight, MFn::kSketchPlane};
+
+bool servesTheView(const MObject& shape) {
+    return std::any_of(kViewTypes.begin(), kViewTypes.end(), [&](MFn::Type type) { return shape.hasFn(type); });
+}
 
 std::string nodeName(MObject node) {
     return textOf(MFnDependencyNode(node).name());
@@ -85,8 +92,8 @@ NodeShapes readNodeShapes(const MDagPath& transform) {
             continue;
         }
         ++shapes.shapeCount;
-        if (child.hasFn(MFn::kCamera) || child.hasFn(MFn::kLight)) {
-            ++shapes.cameraAndLightCount;
+        if (servesTheView(child)) {
+            ++shapes.viewShapeCount;
         } else if (child.hasFn(MFn::kMesh)) {
             MDagPath path = transform;
             path.push(child);

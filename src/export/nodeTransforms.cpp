@@ -121,8 +121,8 @@ Vector3 parentScale(const NodeRecord& node) {
     return node.scene.parent == nullptr ? kNoScale : node.scene.parent->own.scale;
 }
 
-// A matrix between exported frames as a set: what the parent's scale undoes is put back first.
-TransformSet setOf(MMatrix matrix, bool compensates, const Vector3& undoneScale, const Vector3& rotationHint) {
+// A matrix between exported frames taken apart: what the parent's scale undoes is put back first.
+Decomposition partsOf(MMatrix matrix, bool compensates, const Vector3& undoneScale, const Vector3& rotationHint) {
     if (compensates) {
         for (unsigned int r = 0; r < 3; ++r) {
             for (unsigned int c = 0; c < 3; ++c) {
@@ -130,22 +130,25 @@ TransformSet setOf(MMatrix matrix, bool compensates, const Vector3& undoneScale,
             }
         }
     }
-    return decompose(matrix, rotationHint).parts;
+    return decompose(matrix, rotationHint);
 }
 
-// The set of a node that stands apart, from where the host has it in the world.
-TransformSet setFromWorlds(const NodeRecord& node, const Vector3& rotationHint) {
+// The parts of a node that stands apart, from where the host has it in the world.
+Decomposition partsFromWorlds(const NodeRecord& node, const Vector3& rotationHint) {
     const double magnify = run().options.magnify;
     const MMatrix parentWorld = worldMatrix(parentPath(node.path), magnify);
     const MMatrix relative = translationMatrix(node.pivotOffset) * worldMatrix(node.path, magnify) *
                              parentWorld.inverse() * translationMatrix(times(-1.0, parentOffset(node)));
-    return setOf(relative, node.scaleCompensate, parentScale(node), rotationHint);
+    return partsOf(relative, node.scaleCompensate, parentScale(node), rotationHint);
 }
 
-bool hasShear(const MFnTransform& transform) {
-    double shear[3] = {0.0, 0.0, 0.0};
-    transform.getShear(shear);
-    return std::any_of(std::begin(shear), std::end(shear),
+// Shear as the artist set it, or, of a node that stands apart, as its place in the world holds it.
+bool hasShear(const NodeRecord& node, const MFnTransform& transform) {
+    double read[3] = {0.0, 0.0, 0.0};
+    transform.getShear(read);
+    const Vector3 shear = standsApart(node.path.node()) ? partsFromWorlds(node, node.own.rotate).shear
+                                                        : Vector3{read[0], read[1], read[2]};
+    return std::any_of(shear.begin(), shear.end(),
                        [](double part) { return !(part > -kLargestIgnoredShear && part < kLargestIgnoredShear); });
 }
 
@@ -187,7 +190,7 @@ void takeBindPose(NodeRecord& node, const MMatrix& bound, const MMatrix& outerWo
                                withScaledTranslation(bound, run().options.magnify) * outerWorld.inverse();
     const MMatrix boundLocal = boundWorld * parentWorld.inverse();
     if (!almostEqual(boundLocal, localMatrix(node.own, node.scaleCompensate, parentScale(node)))) {
-        node.own = setOf(boundLocal, node.scaleCompensate, parentScale(node), node.own.rotate);
+        node.own = partsOf(boundLocal, node.scaleCompensate, parentScale(node), node.own.rotate).parts;
     }
 }
 
@@ -215,6 +218,7 @@ MStatus readNode(NodeRecord& node, const BindPoseLookup& bindPose) {
     MStatus status;
     const MFnTransform transform(node.path, &status);
     if (!status) {
+        say(kInvalidNode, node.name);
         return status;
     }
     readPivotOffset(node, transform);
@@ -223,7 +227,7 @@ MStatus readNode(NodeRecord& node, const BindPoseLookup& bindPose) {
     if (!status) {
         return status;
     }
-    if (hasShear(transform)) {
+    if (hasShear(node, transform)) {
         say(kShear, node.name);
     }
     if (!node.bindPoseExempt && run().options.atBindPose()) {
@@ -241,8 +245,12 @@ MStatus readNode(NodeRecord& node, const BindPoseLookup& bindPose) {
     return MS::kSuccess;
 }
 
-// Tells of a selection that hangs below something moved: its nodes are written in that parent's space.
+// Tells of a selection that hangs below something moved: its nodes are written in that parent's space, unless they are
+// united.
 void informOfOuterTransforms() {
+    if (run().options.unite) {
+        return;
+    }
     for (const auto& node : run().scene.nodes) {
         if (!node->hasDagNode || (node->scene.parent != nullptr && node->scene.parent->hasDagNode)) {
             continue;
@@ -267,7 +275,7 @@ MStatus readOwnSet(const NodeRecord& node, TransformSet& set) {
     const RotationParts rotation = readRotation(node.path, transform);
     set.rotate = exportedAngles(rotation);
     if (standsApart(node.path.node())) {
-        set = setFromWorlds(node, set.rotate);
+        set = partsFromWorlds(node, set.rotate).parts;
         return MS::kSuccess;
     }
     transform.getScale(set.scale.data());

@@ -119,12 +119,18 @@ std::string subjectOf(const NodeRecord& node) {
 void makeNodeNamesUnique() {
     UniqueNames names;
     names.reserve(run().scene.nodes.size());
+    bool lossy = false;
     for (const auto& node : run().scene.nodes) {
-        std::string name = names.allocate(node->name);
-        if (name != node->name && !run().options.quietTextureWarnings) {
+        const std::string written = toShiftJis(node->name, lossy);
+        const std::string suffix = names.allocate(written).substr(written.size());
+        if (suffix.empty()) {
+            continue;
+        }
+        const std::string name = node->name + suffix;
+        if (!run().options.quietTextureWarnings) {
             say(kNodeNameChanged, subjectOf(*node) + " -> " + name);
         }
-        node->name = std::move(name);
+        node->name = name;
     }
 }
 

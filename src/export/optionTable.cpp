@@ -3,6 +3,7 @@
 #include "common/parseNumber.h"
 
 #include <algorithm>
+#include <limits>
 #include <type_traits>
 
 namespace tvk {
@@ -25,7 +26,9 @@ void storeOption(const OptionRow& row, std::string_view value, ExportOptions& op
                 const double number = std::clamp(static_cast<double>(parseInteger(value)), row.lowest, row.highest);
                 options.*field = static_cast<int32_t>(number);
             } else {
-                options.*field = static_cast<Type>(std::clamp(parseReal(value), row.lowest, row.highest));
+                constexpr double kLargest = std::numeric_limits<Type>::max();
+                const double number = std::clamp(parseReal(value), row.lowest, row.highest);
+                options.*field = static_cast<Type>(std::clamp(number, -kLargest, kLargest));
             }
         },
         row.field);

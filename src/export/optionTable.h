@@ -69,8 +69,8 @@ inline constexpr std::array<OptionRow, 31> kOptionRows{{
 /// The row of a key; null when there is no such key.
 const OptionRow* findOption(std::string_view key);
 
-/// Reads a value as the row's type and stores it within the row's range. Text that is no number reads as 0; a boolean
-/// is on for any integer but 0; not-a-number becomes the lower limit, or 0.
+/// Reads a value as the row's type and stores it within the row's range. Text that is no number ("nan" is none) reads
+/// as 0; a boolean is on for any integer but 0; what is too large for its type becomes the largest that it holds.
 void storeOption(const OptionRow& row, std::string_view value, ExportOptions& options);
 
 /// The option string's settings alone: every keyed field gets its default.

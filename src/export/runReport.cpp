@@ -101,8 +101,8 @@ void printSummary() {
     }
 }
 
-std::string elapsedText(int64_t seconds) {
-    return "  ( time = " + minutesText(seconds).str() + " )";
+std::string finishedText(int64_t seconds) {
+    return "Finished  ( time = " + minutesText(seconds).str() + " )";
 }
 
 void warnOfLongNames() {

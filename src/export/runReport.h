@@ -12,8 +12,8 @@ void printRunHeader();
 /// What was written and how much of it.
 void printSummary();
 
-/// "  ( time = 1:15 )" for 75 seconds.
-std::string elapsedText(int64_t seconds);
+/// "Finished  ( time = 1:15 )" for 75 seconds.
+std::string finishedText(int64_t seconds);
 
 /// One warning per written element whose name does not fit the console's 16 characters (bytes of Shift_JIS).
 void warnOfLongNames();

@@ -27,16 +27,21 @@ namespace {
 constexpr std::size_t kNodeLimit = 1000000;
 
 // Transforms that steer others or the interface and are nothing on the console.
-constexpr std::array<MFn::Type, 7> kSteeringTypes{
-    MFn::kConstraint,    MFn::kIkHandle,    MFn::kIkEffector, MFn::kLookAt,
-    MFn::kManipulator3D, MFn::kSketchPlane, MFn::kUnderWorld,
+constexpr std::array<MFn::Type, 6> kSteeringTypes{
+    MFn::kConstraint, MFn::kIkHandle, MFn::kIkEffector, MFn::kLookAt, MFn::kManipulator3D, MFn::kUnderWorld,
 };
 
 bool isSteering(const MObject& node) {
     return std::any_of(kSteeringTypes.begin(), kSteeringTypes.end(), [&](MFn::Type type) { return node.hasFn(type); });
 }
 
-// A transform on its way through the walk: its record, and whether it enters the model whatever hangs below it.
+// Whether the record enters the model even with nothing below it.
+bool standsForItself(const NodeRecord& record, const NodeShapes& shapes) {
+    return record.kind == NodeKind::kMesh || record.isJoint ||
+           !(isSteering(record.path.node()) || shapes.onlyServeTheView());
+}
+
+// A transform on its way through the walk.
 struct Visit {
     MDagPath path;
     std::size_t record; // position in the list under construction
@@ -105,7 +110,7 @@ private:
             return shapes.status;
         }
         list.push_back(makeRecord(path, textOf(function.name()), shapes, parent));
-        needed.push_back(!isSteering(node) && !shapes.onlyCamerasAndLights());
+        needed.push_back(standsForItself(*list.back(), shapes));
         stack.push_back({path, list.size() - 1});
         return MS::kSuccess;
     }

@@ -1,5 +1,6 @@
 #include "plugin/TvkBatchExportCmd.h"
 
+#include "plugin/hostCall.h"
 #include "plugin/pluginMessages.h"
 
 namespace tvk {
@@ -17,8 +18,10 @@ MSyntax TvkBatchExportCmd::newSyntax() {
 TvkBatchExportCmd::~TvkBatchExportCmd() = default;
 
 MStatus TvkBatchExportCmd::doIt(const MArgList& /*arguments*/) {
-    displayError(kBatchNotInVersion);
-    return MS::kFailure;
+    return hostCall([]() -> MStatus {
+        displayError(kBatchNotInVersion);
+        return MS::kFailure;
+    });
 }
 
 } // namespace tvk

@@ -1,5 +1,6 @@
 #include "plugin/TvkCheckElementNameCmd.h"
 
+#include "plugin/hostCall.h"
 #include "plugin/pluginMessages.h"
 
 namespace tvk {
@@ -17,8 +18,10 @@ MSyntax TvkCheckElementNameCmd::newSyntax() {
 TvkCheckElementNameCmd::~TvkCheckElementNameCmd() = default;
 
 MStatus TvkCheckElementNameCmd::doIt(const MArgList& /*arguments*/) {
-    displayError(kNameCheckNotInVersion);
-    return MS::kFailure;
+    return hostCall([]() -> MStatus {
+        displayError(kNameCheckNotInVersion);
+        return MS::kFailure;
+    });
 }
 
 } // namespace tvk

@@ -4,6 +4,7 @@
 #include "plugin/TvkBatchExportCmd.h"
 #include "plugin/TvkCheckElementNameCmd.h"
 #include "plugin/TvkFileTranslator.h"
+#include "plugin/hostCall.h"
 #include "plugin/pluginMessages.h"
 #include "scene/hostCompatibility.h"
 
@@ -12,9 +13,10 @@
 
 #include <string>
 
+namespace tvk {
 namespace {
 
-const std::string kPluginVersion = std::string(tvk::kExporterVersion) + " (Release)";
+const std::string kPluginVersion = std::string(kExporterVersion) + " (Release)";
 
 // Old kits take the pixmap and script names as writable text.
 char noPixmap[] = "";
@@ -29,10 +31,7 @@ MStatus reported(const MStatus& status, const char* what) {
     return status;
 }
 
-} // namespace
-
-PLUGIN_EXPORT MStatus initializePlugin(MObject object) {
-    using namespace tvk;
+MStatus registerAll(MObject& object) {
     MFnPlugin plugin(object, "KALDERA ZEPHRA-System", kPluginVersion.c_str(), "1.0");
     MStatus status = reported(plugin.registerFileTranslator(kTranslatorName, noPixmap, TvkFileTranslator::create,
                                                             optionsScript, defaultOptions, true),
@@ -51,8 +50,7 @@ PLUGIN_EXPORT MStatus initializePlugin(MObject object) {
 }
 
 // In the order of registration, as the host's own tools expect it, not in reverse.
-PLUGIN_EXPORT MStatus uninitializePlugin(MObject object) {
-    using namespace tvk;
+MStatus deregisterAll(MObject& object) {
     MFnPlugin plugin(object, "Unknown", "Unknown", "Any");
     MStatus status = reported(plugin.deregisterFileTranslator(kTranslatorName), kDeregisterTranslator);
     if (status) {
@@ -62,4 +60,15 @@ PLUGIN_EXPORT MStatus uninitializePlugin(MObject object) {
         status = reported(plugin.deregisterCommand(TvkBatchExportCmd::kName), kDeregisterBatchCommand);
     }
     return status;
+}
+
+} // namespace
+} // namespace tvk
+
+PLUGIN_EXPORT MStatus initializePlugin(MObject object) {
+    return tvk::hostCall([&] { return tvk::registerAll(object); });
+}
+
+PLUGIN_EXPORT MStatus uninitializePlugin(MObject object) {
+    return tvk::hostCall([&] { return tvk::deregisterAll(object); });
 }

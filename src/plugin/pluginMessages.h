@@ -10,6 +10,8 @@ inline constexpr const char* kDeregisterTranslator = "deregister KALDERA ZEPHRA-
 inline constexpr const char* kDeregisterCheckCommand = "deregister TVK_CheckElementNameCmd";
 inline constexpr const char* kDeregisterBatchCommand = "deregister TVK_BatchExportCmd";
 
+inline constexpr const char* kUnexpectedFailureOf = "TVK_Export failed unexpectedly: "; // what was thrown follows
+
 inline constexpr const char* kBatchNotInVersion = "TVK_BatchExportCmd is not in this version";
 inline constexpr const char* kNameCheckNotInVersion = "TVK_CheckElementNameCmd is not in this version";
 

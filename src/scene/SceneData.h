@@ -31,7 +31,11 @@ struct SceneData {
     std::vector<int32_t> nodeRotateData;
     std::vector<int32_t> nodeTranslateData;
 
+    // Whether there is something to write in the animation files.
+    bool materialColorAnimated = false;
+    bool texturePatternAnimated = false;
     bool visibilityAnimated = false; // some output node's visibility changes within the range
+    bool textureSrtAnimated = false;
 
     double framesPerSecond = 24.0; // of the host's user-interface time unit
 };

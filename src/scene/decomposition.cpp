@@ -23,7 +23,7 @@ Vector3 minus(const Vector3& a, const Vector3& b, double factor) {
 
 // Length of the axis, which becomes a unit vector; 0 for one that is too short, which stays.
 double takeLength(Vector3& axis) {
-    const double length = std::sqrt(dot(axis, axis));
+    const double length = std::hypot(axis[0], axis[1], axis[2]); // squares of huge components would overflow
     if (!(length >= kShortestAxis)) {
         return 0.0;
     }
@@ -107,8 +107,6 @@ Decomposition decompose(const MMatrix& matrix, const Vector3& rotationHint) {
     }
     Decomposition result;
     Vector3& scale = result.parts.scale;
-    const double handedness = dot(axes[0], cross(axes[1], axes[2]));
-
     scale[0] = takeLength(axes[0]);
     const double xy = dot(axes[1], axes[0]) * (scale[0] > 0.0 ? 1.0 : 0.0);
     axes[1] = minus(axes[1], axes[0], xy);
@@ -120,7 +118,8 @@ Decomposition decompose(const MMatrix& matrix, const Vector3& rotationHint) {
     result.shear = {scale[1] > 0.0 ? xy / scale[1] : 0.0, scale[2] > 0.0 ? xz / scale[2] : 0.0,
                     scale[2] > 0.0 ? yz / scale[2] : 0.0};
 
-    if (handedness < 0.0 && scale[0] > 0.0 && scale[1] > 0.0 && scale[2] > 0.0) {
+    const bool complete = scale[0] > 0.0 && scale[1] > 0.0 && scale[2] > 0.0;
+    if (complete && dot(axes[0], cross(axes[1], axes[2])) < 0.0) {
         scale[0] = -scale[0];
         axes[0] = {-axes[0][0], -axes[0][1], -axes[0][2]};
         result.shear = {-result.shear[0], -result.shear[1], result.shear[2]};

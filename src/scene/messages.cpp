@@ -1,9 +1,9 @@
 #include "scene/messages.h"
 
 #include "scene/Run.h"
+#include "scene/hostCompatibility.h"
 
 #include <maya/MGlobal.h>
-#include <maya/MString.h>
 
 #include <ostream>
 
@@ -19,9 +19,7 @@ void say(const Message& message, std::string_view subject) {
 
 void showInformation(std::string_view text) {
     if (!run().options.batchFlag) {
-        MString line;
-        line.setUTF8(std::string(text).c_str());
-        MGlobal::displayInfo(line);
+        MGlobal::displayInfo(hostText(std::string(text)));
     }
 }
 
