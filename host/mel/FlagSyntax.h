@@ -25,7 +25,7 @@ enum class FlagArgument : std::uint8_t {
 struct FlagSpec {
     std::string shortName;
     std::string longName;
-    std::vector<FlagArgument> arguments;
+    std::vector<FlagArgument> arguments = {};
     bool multiUse = false;              // may be given several times
     bool keepsArgumentsInQuery = false; // takes its arguments in query mode, too (workspace -q -ote "scene")
     bool mayLackArguments = false;      // one argument at most, taken only if a fitting value follows (addAttr -m)

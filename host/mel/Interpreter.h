@@ -50,7 +50,7 @@ struct ScriptFile {
 // Finds the file for `source name` and for a procedure `name` that nobody declared: "dir/x.mel", "x.mel" or "x".
 using ScriptLoader = std::function<std::optional<ScriptFile>(const std::string& name)>;
 
-// Looks for name, then name + ".mel": as a path if it holds a separator, else in the folders in order. The folders
+// Looks for name, then name + ".mel": as a path if it holds a separator, then in the folders in order. The folders
 // function is asked every time, since scripts change the script path.
 ScriptLoader folderScriptLoader(std::function<std::vector<std::string>()> folders);
 
@@ -87,9 +87,13 @@ public:
     // "int variable" (for "$name", global ones), "Unknown".
     std::string whatIs(std::string_view name) const;
 
-    // Global variables, names without '$'. Null when not declared.
+    // Global variables, names without '$'. Null when not declared; setting gives the variable the value's type.
     const Value* findGlobal(std::string_view name) const;
     void setGlobal(std::string_view name, Value value);
+
+    // An environment variable as `getenv` shows it: what `putenv` set in this interpreter, else the process's own; ""
+    // when there is none. putenv never changes the process's environment.
+    std::string environment(std::string_view name) const;
 
     // Runs when the outermost eval, source or call ends, failed or not; at once when none is running.
     void defer(std::string script);
@@ -104,6 +108,10 @@ public:
 private:
     friend class Evaluator;
     struct State;
+    template <typename Action>
+    EvalResult run(Action action);
+    void runDeferred();
+
     std::unique_ptr<State> state_;
 };
 

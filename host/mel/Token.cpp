@@ -1,6 +1,10 @@
 #include "host/mel/Token.h"
 
+#include "host/mel/numberText.h"
+
 #include <array>
+#include <charconv>
+#include <system_error>
 
 namespace host::mel {
 
@@ -44,6 +48,18 @@ std::string describeToken(const Token& token) {
     default:
         return std::string(describeKind(token.kind));
     }
+}
+
+Value numberOf(const Token& token) {
+    double value = 0.0;
+    const char* last = token.text.data() + token.text.size();
+    readNumberText(token.text.data(), last, value);
+    if (token.is(TokenKind::kFloat)) {
+        return value;
+    }
+    std::int64_t whole = 0;
+    const auto [next, error] = std::from_chars(token.text.data() + (token.text.front() == '+' ? 1 : 0), last, whole);
+    return error == std::errc() && next == last ? whole : truncateToInteger(value);
 }
 
 } // namespace host::mel

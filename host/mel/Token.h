@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "host/mel/Value.h"
+
 namespace host::mel {
 
 // Place in a text, both counted from 1; a column is a byte within its line.
@@ -79,5 +81,8 @@ std::string describeToken(const Token& token);
 
 // The same for a kind that was expected: "';'", "a string".
 std::string_view describeKind(TokenKind kind);
+
+// The number that a kInt (decimal or hexadecimal, clamped to 64 bits) or kFloat token stands for, sign included.
+Value numberOf(const Token& token);
 
 } // namespace host::mel

@@ -31,6 +31,16 @@ std::string matrixLines(const Matrix& matrix) {
     return lines;
 }
 
+template <typename T>
+bool sharesStorage(const T&) {
+    return false;
+}
+
+template <typename T>
+bool sharesStorage(const std::shared_ptr<T>& stored) {
+    return stored.use_count() > 1;
+}
+
 std::optional<Value> arrayConvertedTo(const Value& value, ValueType type) {
     if (isArrayType(type) && value.size() == 0) {
         return Value::defaultOf(type); // {} has no element that could tell its type
@@ -271,6 +281,10 @@ Value Value::element(std::size_t index) const {
     default:
         return *this;
     }
+}
+
+bool Value::isShared() const {
+    return std::visit([](const auto& stored) { return sharesStorage(stored); }, data_);
 }
 
 IntArray& Value::editInts() {

@@ -100,6 +100,9 @@ public:
     // Element of an array, or its element type's default behind the end.
     Value element(std::size_t index) const;
 
+    // Whether editing would copy an array or matrix first.
+    bool isShared() const;
+
     // Storage for editing, unshared first. The value must be of that type.
     IntArray& editInts();
     FloatArray& editFloats();

@@ -179,9 +179,10 @@ Token Lexer::nextArgument() {
         offset_ = start + body;
         Token number = takeMelNumber();
         const bool isWhole = !number.is(TokenKind::kError);
-        if (isWhole && (offset_ == text_.size() || !isOf(text_[offset_], kObjectByte) || text_[offset_] == '/')) {
+        const bool goesOn = offset_ < text_.size() && isOf(text_[offset_], kObjectByte) && text_[offset_] != '/';
+        if (hasSign || (isWhole && !goesOn)) {
+            number.text = isWhole ? text_.substr(start, offset_ - start) : number.text;
             number.offset = start;
-            number.text = text_.substr(start, offset_ - start);
             return number;
         }
         return takeObjectName(start); // 3dView, 23.976fps, 4.0.1
