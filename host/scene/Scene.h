@@ -73,7 +73,9 @@ public:
     NodeTypeRegistry& types() { return *types_; }
     const SceneNames& names() const { return *names_; }
     Selection& selection() { return selection_; }
+    const Selection& selection() const { return selection_; }
     Workspace& workspace() { return workspace_; }
+    const Workspace& workspace() const { return workspace_; }
     OptionVars& optionVars() { return optionVars_; }
     SceneFile& file() { return file_; }
     PlaybackRange& playback() { return playback_; }
@@ -95,15 +97,23 @@ public:
     /// and a number. DAG nodes come below `parent` (null: the world); a shape without one gets a transform of its own.
     /// Null when the parent is a shape.
     Node* createNode(const NodeType& type, std::string_view name, Node* parent = nullptr);
-    /// Its DAG children go with it. Default nodes cannot be deleted.
-    SceneResult deleteNode(Node& node);
+    /// Their DAG children go with them, unless these have another place. Default nodes cannot be deleted: nothing is
+    /// then.
+    SceneResult deleteNodes(const std::vector<Node*>& nodes);
+    SceneResult deleteNode(Node& node) { return deleteNodes({&node}); }
     /// Gives the name or the next free one. Default nodes keep theirs.
     SceneResult renameNode(Node& node, std::string_view name);
-    /// Moves the node from `oldParent` (null: from all its parents) to `newParent`; a clash of names renames it.
-    /// World matrices are not kept.
-    SceneResult reparent(Node& node, Node* oldParent, Node& newParent);
+    /// Moves the node from `oldParent` to `newParent`; a clash of names renames it. Its own attributes stay, so it
+    /// moves in the world.
+    SceneResult reparent(Node& node, Node& oldParent, Node& newParent);
+    /// The same, with translate, rotate, scale and shear changed so that it stays where it is, as far as these are free
+    /// to change.
+    SceneResult reparentInPlace(Node& node, Node& oldParent, Node& newParent);
     /// One more parent: an instance.
     SceneResult addInstance(Node& node, Node& newParent);
+    /// Takes one of several parents away; refused for the last one.
+    SceneResult removeInstance(Node& node, Node& oldParent);
+    void selectOnly(Node& node);
 
     // --- names
     /// A node by name, ":name", path or partial path.
@@ -117,10 +127,12 @@ public:
         bool ok() const { return static_cast<bool>(plug); }
     };
     PlugMatch findPlug(std::string_view name, Node* current = nullptr) const;
+    /// Which instance of the node a name tells; 0 when it tells none.
+    std::int32_t instanceOf(const Node& node, std::string_view name) const;
     /// What a selection name means: a node, components ("pCube1.f[0:3]") or a plug; with '*' and '?' in node names,
     /// everything that matches. An error when nothing does.
     SceneResult findItems(std::string_view name, std::vector<SelectionItem>& items) const;
-    /// The name of an item as `ls` shows it.
+    /// The name of an item as `ls` shows it, without its components. A DAG node without a path goes by its first one.
     std::string itemName(const SelectionItem& item, bool fullPaths) const;
 
     // --- time
@@ -136,6 +148,10 @@ public:
 private:
     void clear();
     SceneResult read(std::string_view text, const std::string& name);
+    std::string freeNameFor(const Node& node, std::string_view wanted, const std::vector<Node*>& parents) const;
+    SceneResult addParent(Node& node, Node& parent);
+    void removeParent(Node& node, Node& parent);
+    void giveName(Node& node, std::string name);
 
     std::unique_ptr<NodeTypeRegistry> types_;
     std::unique_ptr<Graph> graph_;

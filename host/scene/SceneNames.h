@@ -15,6 +15,7 @@ namespace host {
 /// What a name stands for: a node, or one line that says why not.
 struct NodeMatch {
     Node* node = nullptr;
+    bool isAmbiguous = false;
     std::string error; // "No object matches name: x", "More than one object matches name: x"
     bool ok() const { return node != nullptr; }
 };
@@ -77,14 +78,34 @@ private:
     struct ChildHash {
         std::size_t operator()(const ChildKey& key) const;
     };
+    struct CountKey { // by id: another node may get the address of a deleted parent
+        NodeId parent;
+        std::uint32_t start = 0;
+        friend bool operator==(const CountKey& a, const CountKey& b) {
+            return a.parent == b.parent && a.start == b.start;
+        }
+    };
+    struct CountHash {
+        std::size_t operator()(const CountKey& key) const;
+    };
+    struct EndMatch {
+        DagPath nodes; // one per part of the name
+        bool isOnlyWay = true;
+    };
 
     const Bearers* bearers(std::string_view name) const;
-    std::vector<DagPath> endsMatching(const std::vector<std::string_view>& parts, std::size_t limit) const;
+    void forgetCounts(std::string_view name);
+    Node* walkDown(Node* from, const std::vector<std::string_view>& parts, std::size_t first, DagPath& path) const;
+    // Up to `limit` nodes at the ends of paths that end in these parts, each node once.
+    std::vector<EndMatch> endsMatching(const std::vector<std::string_view>& parts, std::size_t limit) const;
+    bool matchUpwards(const std::vector<std::string_view>& parts, std::size_t last, Node* from, EndMatch& match) const;
 
     const Graph& graph_;
     std::unordered_map<std::string, Bearers> byName_;
     std::unordered_map<ChildKey, Node*, ChildHash> children_;
-    mutable std::unordered_map<std::string, std::uint32_t> nextNumber_; // by parent and text: where counting goes on
+    // Where counting goes on, by the text before the number. Numbers below are all taken; when a name with that text
+    // becomes free, counting starts anew, so that the result is always that of trying one after the other.
+    mutable std::unordered_map<std::string, std::unordered_map<CountKey, std::uint32_t, CountHash>> counts_;
 };
 
 /// Whether a name matches a pattern: '*' any run and '?' any one character, neither of them ':' or '|'.

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace host {
@@ -32,15 +33,14 @@ public:
 
     /// Moves nothing that is in already; components are added to the entry of their shape.
     void add(const SelectionItem& item);
-    /// Components are taken out of their entry; a whole node takes all entries of its path.
+    /// Components are taken out of their entry, which goes with its last one.
     void remove(const SelectionItem& item);
     void clear();
-    void nodeDeleted(const Node& node);
+    void nodesDeleted(const std::unordered_set<const Node*>& nodes);
 
 private:
     std::size_t find(const SelectionItem& item) const;
     void erase(std::size_t position);
-    void compact() const;
 
     // Erased entries stay as holes (node is null) until the list is read, so that removing many stays linear.
     mutable std::vector<SelectionItem> items_;

@@ -3,20 +3,29 @@
 #include "host/mel/CommandTable.h"
 #include "host/scene/Scene.h"
 
+#include <string>
+
 namespace host {
+
+/// What `about` tells of the program.
+struct HostFacts {
+    std::string version = "2020-embedded";
+    int apiVersion = 20200000;
+    bool isBatch = true;
+};
 
 /// Adds the MEL commands over a scene. The scene must outlive the table. Numbers are in the scene's units.
 ///
-///   nodes       createNode delete rename parent group instance joint nodeType objExists
+///   nodes       createNode delete rename nodeType objExists
+///   DAG         parent group instance joint listRelatives xform (query)
 ///   attributes  setAttr getAttr addAttr deleteAttr attributeQuery
 ///   connections connectAttr disconnectAttr isConnected connectionInfo listConnections
-///   selection   select ls listRelatives
-///   transforms  xform (query)
+///   selection   select ls
 ///   time        currentTime currentUnit playbackOptions
 ///   files       file workspace
 ///   host        about optionVar
 ///
-/// A command that changes the scene sets its modified flag.
-void registerSceneCommands(mel::CommandTable& commands, Scene& scene);
+/// A command that changes the scene sets its modified flag. A flag that is not known is an error.
+void registerSceneCommands(mel::CommandTable& commands, Scene& scene, const HostFacts& facts = {});
 
 } // namespace host

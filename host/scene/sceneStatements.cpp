@@ -1,0 +1,161 @@
+#include "host/scene/sceneStatements.h"
+
+#include "host/scene/sceneMessages.h"
+#include "host/scene/statementFlags.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace host {
+
+namespace {
+
+enum UnitFlag : int { kLinear, kAngle, kTime, kNoUpdate };
+
+constexpr StatementFlag kUnitFlags[] = {
+    {"l", "linear", FlagValue::kText, kLinear},
+    {"a", "angle", FlagValue::kText, kAngle},
+    {"t", "time", FlagValue::kText, kTime},
+    {"ua", "updateAnimation", FlagValue::kBoolean, kNoUpdate},
+};
+
+enum RangeFlag : int { kMinimum, kMaximum, kAnimationStart, kAnimationEnd, kOtherNumber, kOtherText };
+
+constexpr StatementFlag kRangeFlags[] = {
+    {"min", "minTime", FlagValue::kNumber, kMinimum},
+    {"max", "maxTime", FlagValue::kNumber, kMaximum},
+    {"ast", "animationStartTime", FlagValue::kNumber, kAnimationStart},
+    {"aet", "animationEndTime", FlagValue::kNumber, kAnimationEnd},
+    {"ps", "playbackSpeed", FlagValue::kNumber, kOtherNumber},
+    {"mps", "maxPlaybackSpeed", FlagValue::kNumber, kOtherNumber},
+    {"by", "by", FlagValue::kNumber, kOtherNumber},
+    {"fps", "framesPerSecond", FlagValue::kNumber, kOtherNumber},
+    {"l", "loop", FlagValue::kText, kOtherText},
+    {"v", "view", FlagValue::kText, kOtherText},
+    {"e", "edit", FlagValue::kNone, kOtherText},
+};
+
+enum FileFlag : int { kReference, kDeclaration, kOtherFileText, kOtherFileNumber, kOtherFileSwitch };
+
+constexpr StatementFlag kFileFlags[] = {
+    {"r", "reference", FlagValue::kNone, kReference},
+    {"rdi", "referenceDepthInfo", FlagValue::kInteger, kDeclaration},
+    {"ns", "namespace", FlagValue::kText, kOtherFileText},
+    {"rpr", "renamingPrefix", FlagValue::kText, kOtherFileText},
+    {"rfn", "referenceNode", FlagValue::kText, kOtherFileText},
+    {"op", "options", FlagValue::kText, kOtherFileText},
+    {"typ", "type", FlagValue::kText, kOtherFileText},
+    {"shd", "sharedNodes", FlagValue::kText, kOtherFileText},
+    {"dr", "deferReference", FlagValue::kNumber, kOtherFileNumber},
+    {"lrd", "loadReferenceDepth", FlagValue::kText, kOtherFileText},
+    {"sns", "swapNamespace", FlagValue::kText, kOtherFileText},
+    {"usn", "useNamespacesDuringFileIO", FlagValue::kOptionalBoolean, kOtherFileSwitch},
+    {"mnc", "mergeNamespacesOnClash", FlagValue::kOptionalBoolean, kOtherFileSwitch},
+};
+
+using UnitLookUp = std::optional<double> (*)(std::string_view word, std::string_view& shortName);
+
+Outcome setUnit(UnitLookUp find, const std::string& word, double& factor, std::string_view& name) {
+    const std::optional<double> found = find(word, name);
+    if (!found) {
+        return Outcome::skipped(messages::kUnknownUnit, {word});
+    }
+    factor = *found;
+    return Outcome::done();
+}
+
+} // namespace
+
+Outcome currentUnitStatement(StatementContext& context, ArgumentStream& arguments) {
+    static const StatementFlags flags("currentUnit", kUnitFlags);
+    Units units = context.scene.units();
+    Outcome unknown;
+    std::vector<std::string> texts;
+    Outcome outcome = flags.takeAll(context, arguments, texts, [&](const FlagUse& flag) {
+        Outcome set;
+        switch (flag.id) {
+        case kLinear:
+            set = setUnit(linearUnit, flag.text, units.centimetresPerLinear, units.linearName);
+            break;
+        case kAngle:
+            set = setUnit(angularUnit, flag.text, units.radiansPerAngular, units.angularName);
+            break;
+        case kTime:
+            set = setUnit(timeUnit, flag.text, units.framesPerSecond, units.timeName);
+            break;
+        default:
+            break;
+        }
+        unknown = set.ok() ? unknown : set;
+    });
+    if (outcome.ok()) {
+        context.scene.setUnits(units);
+    }
+    return outcome.ok() ? unknown : outcome;
+}
+
+Outcome fileInfoStatement(StatementContext& context, ArgumentStream& arguments) {
+    std::string_view text;
+    if (!arguments.takeText(text)) {
+        return Outcome::broken(arguments, "a key");
+    }
+    const std::string key(text);
+    if (!arguments.takeText(text)) {
+        return Outcome::broken(arguments, "a value");
+    }
+    context.scene.file().info[key] = text;
+    return Outcome::done();
+}
+
+Outcome referenceStatement(StatementContext& context, ArgumentStream& arguments) {
+    static const StatementFlags flags("file", kFileFlags);
+    bool isReference = false;
+    std::vector<std::string> texts;
+    Outcome outcome = flags.takeAll(context, arguments, texts, [&](const FlagUse& flag) {
+        isReference = isReference || flag.id == kReference || flag.id == kDeclaration;
+    });
+    if (!outcome.ok()) {
+        return outcome;
+    }
+    if (!isReference) {
+        return Outcome::skipped(messages::kForbiddenCommand, {"file"});
+    }
+    if (texts.empty()) {
+        return Outcome::broken(arguments, "the path of a file");
+    }
+    std::vector<std::string>& known = context.scene.file().references;
+    if (std::find(known.begin(), known.end(), texts.back()) == known.end()) {
+        known.push_back(texts.back());
+        return Outcome::skipped(messages::kReference, {texts.back()});
+    }
+    return outcome;
+}
+
+Outcome playbackOptionsStatement(StatementContext& context, ArgumentStream& arguments) {
+    static const StatementFlags flags("playbackOptions", kRangeFlags);
+    PlaybackRange range = context.scene.playback();
+    std::vector<std::string> texts;
+    Outcome outcome = flags.takeAll(context, arguments, texts, [&](const FlagUse& flag) {
+        double* const places[] = {&range.minimum, &range.maximum, &range.animationStart, &range.animationEnd};
+        if (flag.id < kOtherNumber && std::isfinite(flag.number)) {
+            *places[flag.id] = flag.number;
+        }
+    });
+    if (outcome.ok()) {
+        context.scene.playback() = range;
+    }
+    return outcome;
+}
+
+Outcome currentTimeStatement(StatementContext& context, ArgumentStream& arguments) {
+    double frame = 0.0;
+    if (!arguments.takeNumber(frame)) {
+        return Outcome::broken(arguments, "a time");
+    }
+    if (std::isfinite(frame)) {
+        context.scene.setCurrentFrame(frame);
+    }
+    return Outcome::done(context.scene.currentFrame());
+}
+
+} // namespace host

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "host/scene/StatementContext.h"
+#include "host/scene/valueTypes.h"
+
+#include <optional>
+
+namespace host {
+
+/// Readers of values that are more than numbers. Each reads one value from the stream; on broken syntax they give
+/// nothing and an outcome that says what was expected. Counts in front of lists are never trusted for memory.
+
+/// 16 numbers row by row, or "xform": scale, rotate (radians), rotate order, translate, shear, scale pivot and its
+/// translate, rotate pivot and its translate, rotate orient and joint orient as quaternions, the parent's inverse scale
+/// and whether it counts.
+std::optional<Matrix44> readMatrix(ArgumentStream& arguments, Outcome& outcome);
+
+/// A list of one of the array forms. Component texts that name no component are left out with a warning.
+DataPtr readArrayData(StatementContext& context, ArgumentStream& arguments, ValueForm form, Outcome& outcome);
+
+/// {"alias", "attribute", …}
+DataPtr readAliases(ArgumentStream& arguments, Outcome& outcome);
+
+/// One chunk of faces, into the builder.
+Outcome readFaces(ArgumentStream& arguments, PolyFacesBuilder& builder, std::int32_t firstFace);
+
+} // namespace host

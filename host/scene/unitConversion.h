@@ -1,0 +1,18 @@
+#pragma once
+
+#include "host/graph/Attribute.h"
+#include "host/graph/Units.h"
+
+namespace host {
+
+/// A number of a file or command as the graph holds it: distances in centimetres, angles in radians, times in whole
+/// ticks; other kinds have no unit.
+double toInternal(const Units& units, AttrKind kind, double value);
+/// And back.
+double toExternal(const Units& units, AttrKind kind, double value);
+
+constexpr bool hasUnit(AttrKind kind) {
+    return kind == AttrKind::kDistance || kind == AttrKind::kAngle || kind == AttrKind::kTime;
+}
+
+} // namespace host
