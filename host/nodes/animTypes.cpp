@@ -191,7 +191,7 @@ constexpr AttributeRow kClipLibrary[] = {
 
 constexpr AttributeRow kClipScheduler[] = {
     {"clip", "cp", "any", {}, 0, kArray},
-    {"clipFunction", "cfr", "any"},
+    {"clipFunction", "cfr", "any", {}, 0, kArray},
     {"clipEvaluate", "ce", "any"},
     {"numTracks", "nt", "short"},
     {"start", "st", "time", {}, 0, kArray},

@@ -175,7 +175,7 @@ constexpr AttributeRow kIkHandle[] = {
 };
 
 constexpr AttributeRow kIkEffector[] = {
-    {"handlePath", "hp", "message", {}, 0, kArray},
+    {"handlePath", "hp", "message"},
     {"hideDisplay", "hd", "bool", {}, 1},
 };
 

@@ -33,7 +33,7 @@ constexpr AttributeRow kControlPoint[] = {
     {"colorSet", "clst", "compound", {}, 0, kArray},
     {".colorName", "clsn", "string"},
     {".clamped", "clam", "bool"},
-    {".representation", "rprt", "enum", {}, 3, 0, "Alpha=1:RGB=3:RGBA"},
+    {".representation", "rprt", "enum", {}, 4, 0, "Alpha=1:RGB=3:RGBA"},
     {".colorSetPoints",
      "clsp",
      "float4",
