@@ -232,33 +232,51 @@ bool Lexer::readString(std::string_view& value, std::string& storage) {
 
 Token Lexer::skipStatement() {
     std::size_t depth = 0;
-    for (;;) {
-        Token token = nextSceneToken();
-        switch (token.kind) {
-        case TokenKind::kOpenParen:
-        case TokenKind::kOpenBrace:
+    const char* next = begin() + offset_;
+    while (next != end()) {
+        const char* at = next++;
+        switch (*at) {
+        case '(':
+        case '{':
             ++depth;
             break;
-        case TokenKind::kCloseParen:
-        case TokenKind::kCloseBrace:
+        case ')':
+        case '}':
             depth -= depth > 0 ? 1 : 0;
             break;
-        case TokenKind::kSemicolon:
+        case ';':
             if (depth == 0) {
-                return token;
+                offset_ = static_cast<std::size_t>(at - begin());
+                return take(TokenKind::kSemicolon, 1);
             }
             break;
-        case TokenKind::kEnd:
-            return token;
-        case TokenKind::kError:
-            if (token.text != kStrayByte) {
+        case '"':
+        case '/':
+            offset_ = static_cast<std::size_t>(at - begin());
+            if (const Token token = skipStringOrComment(); token.is(TokenKind::kError)) {
                 return token;
             }
+            next = begin() + offset_;
             break;
         default:
             break;
         }
     }
+    offset_ = text_.size();
+    return take(TokenKind::kEnd, 0);
+}
+
+// Skips what starts at the position: a string, a comment, or else one byte.
+Token Lexer::skipStringOrComment() {
+    const std::size_t start = offset_;
+    if (text_[start] == '"') {
+        return takeString();
+    }
+    Token error;
+    if (skipBlanks(error) && offset_ == start) {
+        ++offset_;
+    }
+    return error;
 }
 
 std::string_view decodeString(const Token& token, std::string& storage) {

@@ -68,6 +68,7 @@ private:
     Token fail(std::size_t offset, std::string_view message, std::size_t next);
     Token takeString();
     Token takeWord();
+    Token skipStringOrComment();
     Token takeMelNumber();
     Token takeVariable();
     Token takeOperator();

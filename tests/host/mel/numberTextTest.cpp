@@ -1,7 +1,11 @@
 #include "host/mel/numberText.h"
 
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <random>
+#include <string>
+#include <system_error>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -74,6 +78,25 @@ TEST(readNumberText, readsEveryFormOfNotANumber) {
         const char* end = readNumberText(text.data(), text.data() + text.size(), value);
         EXPECT_EQ(end, text.data() + text.size());
         EXPECT_TRUE(std::isnan(value));
+    }
+}
+
+TEST(readNumberText, roundsAsTheStandardLibraryDoes) {
+    std::mt19937_64 random(99);
+    for (int round = 0; round < 20000; ++round) {
+        std::string text = std::to_string(random() >> (random() % 64));
+        text.insert(random() % (text.size() + 1), ".");
+        if (round % 4 == 0) {
+            text += "e" + std::to_string(static_cast<int>(random() % 700) - 350);
+        }
+        double wanted = 0.0;
+        if (std::from_chars(text.data(), text.data() + text.size(), wanted).ec != std::errc()) {
+            continue; // out of range: the table above
+        }
+        double value = 0.0;
+        const char* end = readNumberText(text.data(), text.data() + text.size(), value);
+        ASSERT_EQ(end, text.data() + text.size()) << text;
+        ASSERT_EQ(value, wanted) << text;
     }
 }
 
