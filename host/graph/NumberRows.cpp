@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <type_traits>
+#include <utility>
 
 namespace host {
 
@@ -51,14 +53,23 @@ std::ptrdiff_t NumberRows::findRow(std::int32_t logical) const {
     if (isDense()) {
         return static_cast<std::size_t>(logical) < rowCount_ ? logical : -1;
     }
-    if (logical > logical_.back()) {
+    if (late_ == nullptr && logical > logical_.back()) {
         return -1; // the common question while a file is read in order
     }
-    const auto found = std::lower_bound(logical_.begin(), logical_.end(), logical);
-    return *found == logical ? found - logical_.begin() : -1;
+    const auto ordered = logical_.end() - static_cast<std::ptrdiff_t>(late_ != nullptr ? late_->size() : 0);
+    const auto found = std::lower_bound(logical_.begin(), ordered, logical);
+    if (found != ordered && *found == logical) {
+        return found - logical_.begin();
+    }
+    if (late_ == nullptr) {
+        return -1;
+    }
+    const auto late = late_->find(logical);
+    return late != late_->end() ? static_cast<std::ptrdiff_t>(late->second) : -1;
 }
 
 std::int32_t NumberRows::logicalIndex(std::size_t row) const {
+    sortIn();
     return isDense() ? static_cast<std::int32_t>(row) : logical_[row];
 }
 
@@ -77,27 +88,59 @@ std::size_t NumberRows::makeRow(std::int32_t logical, const double* fill) {
     if (found >= 0) {
         return static_cast<std::size_t>(found);
     }
-    if (isDense() && static_cast<std::size_t>(logical) != rowCount_) {
-        logical_.resize(rowCount_);
-        std::iota(logical_.begin(), logical_.end(), 0);
-    }
-    std::size_t row = rowCount_;
-    if (!logical_.empty() || (rowCount_ == 0 && logical != 0)) {
-        const auto at = std::lower_bound(logical_.begin(), logical_.end(), logical);
-        row = static_cast<std::size_t>(at - logical_.begin());
-        logical_.insert(at, logical);
+    const std::size_t row = rowCount_;
+    const bool staysDense = isDense() && static_cast<std::size_t>(logical) == rowCount_;
+    if (!staysDense) {
+        becomeSparse();
+        if (late_ == nullptr && !logical_.empty() && logical < logical_.back()) {
+            late_ = std::make_unique<std::unordered_map<std::int32_t, std::size_t>>();
+        }
+        if (late_ != nullptr) {
+            late_->emplace(logical, row);
+        }
+        logical_.push_back(logical);
     }
     const auto width = static_cast<std::size_t>(width_);
     std::visit(
         [&](auto& block) {
-            const auto first = block.insert(block.begin() + static_cast<std::ptrdiff_t>(row * width), width, {});
+            block.resize(block.size() + width);
             for (std::size_t column = 0; column < width; ++column) {
-                assign(*(first + static_cast<std::ptrdiff_t>(column)), fill[column]);
+                assign(block[row * width + column], fill[column]);
             }
         },
         values_);
     ++rowCount_;
     return row;
+}
+
+void NumberRows::becomeSparse() {
+    if (isDense()) {
+        logical_.resize(rowCount_);
+        std::iota(logical_.begin(), logical_.end(), 0);
+    }
+}
+
+void NumberRows::sortLateRows() const {
+    late_.reset();
+    std::vector<std::size_t> order(logical_.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::sort(order.begin(), order.end(), [this](std::size_t a, std::size_t b) { return logical_[a] < logical_[b]; });
+    const auto width = static_cast<std::size_t>(width_);
+    std::visit(
+        [&](auto& block) {
+            std::remove_reference_t<decltype(block)> sorted;
+            sorted.reserve(block.size());
+            for (const std::size_t row : order) {
+                const auto first = block.begin() + static_cast<std::ptrdiff_t>(row * width);
+                sorted.insert(sorted.end(), first, first + width_);
+            }
+            block = std::move(sorted);
+        },
+        values_);
+    std::sort(logical_.begin(), logical_.end());
+    if (static_cast<std::size_t>(logical_.back()) + 1 == rowCount_) {
+        logical_.clear(); // no index is missing
+    }
 }
 
 std::size_t NumberRows::appendDense(std::int32_t first, std::size_t count) {
@@ -120,13 +163,13 @@ void NumberRows::reserve(std::size_t rows) {
 }
 
 bool NumberRows::remove(std::int32_t logical) {
+    sortIn();
     const std::ptrdiff_t row = findRow(logical);
     if (row < 0) {
         return false;
     }
-    if (isDense() && static_cast<std::size_t>(row) + 1 != rowCount_) {
-        logical_.resize(rowCount_);
-        std::iota(logical_.begin(), logical_.end(), 0);
+    if (static_cast<std::size_t>(row) + 1 != rowCount_) {
+        becomeSparse();
     }
     if (!logical_.empty()) {
         logical_.erase(logical_.begin() + row);

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -10,6 +12,9 @@ namespace host {
 /// The elements of an array attribute whose elements are plain numbers (width 1) or compounds of numbers (width =
 /// number of children): one flat block instead of a value per element, since scenes hold millions of them. Floats stay
 /// floats and integers integers (4 bytes each); everything else is double. Values are in internal units.
+///
+/// Rows are in ascending order of logical index. A file may give them in any order: rows made out of order wait at the
+/// end and are sorted in when somebody asks for logicalIndex, a block or a removal. A row number holds until then.
 class NumberRows {
 public:
     enum class Storage : std::uint8_t { kFloat, kInt, kDouble };
@@ -27,7 +32,7 @@ public:
     void setValue(std::size_t row, int column, double value);
 
     /// The row of a logical index (0 or more), made (with `fill`, one value per column) when it does not exist.
-    /// Appending in ascending order is constant time; elsewhere the rows behind it move.
+    /// Constant time in ascending order and elsewhere.
     std::size_t makeRow(std::int32_t logical, const double* fill);
 
     /// Makes room for rows first … last and returns where row `first` begins, when they can be written in place: the
@@ -42,18 +47,33 @@ public:
     bool remove(std::int32_t logical);
 
     Storage storage() const { return static_cast<Storage>(values_.index()); }
-    std::vector<float>& floats() { return std::get<std::vector<float>>(values_); }
-    std::vector<std::int32_t>& ints() { return std::get<std::vector<std::int32_t>>(values_); }
-    std::vector<double>& doubles() { return std::get<std::vector<double>>(values_); }
-    const std::vector<float>& floats() const { return std::get<std::vector<float>>(values_); }
-    const std::vector<std::int32_t>& ints() const { return std::get<std::vector<std::int32_t>>(values_); }
-    const std::vector<double>& doubles() const { return std::get<std::vector<double>>(values_); }
+    std::vector<float>& floats() { return block<float>(); }
+    std::vector<std::int32_t>& ints() { return block<std::int32_t>(); }
+    std::vector<double>& doubles() { return block<double>(); }
+    const std::vector<float>& floats() const { return block<float>(); }
+    const std::vector<std::int32_t>& ints() const { return block<std::int32_t>(); }
+    const std::vector<double>& doubles() const { return block<double>(); }
 
 private:
+    template <typename Number>
+    std::vector<Number>& block() const {
+        sortIn();
+        return std::get<std::vector<Number>>(values_);
+    }
+    void sortIn() const {
+        if (late_ != nullptr) {
+            sortLateRows();
+        }
+    }
+    void sortLateRows() const;
+    void becomeSparse();
+
     int width_;
     std::size_t rowCount_ = 0;
-    std::vector<std::int32_t> logical_; // ascending; empty while rows are elements 0 … n-1
-    std::variant<std::vector<float>, std::vector<std::int32_t>, std::vector<double>> values_;
+    mutable std::vector<std::int32_t> logical_; // per row; empty while rows are elements 0 … n-1
+    mutable std::variant<std::vector<float>, std::vector<std::int32_t>, std::vector<double>> values_;
+    /// The rows at the end that were made out of order, by logical index; null when there are none.
+    mutable std::unique_ptr<std::unordered_map<std::int32_t, std::size_t>> late_;
 };
 
 } // namespace host

@@ -6,40 +6,27 @@ namespace host {
 
 namespace {
 
-/// Works on the sorted lists of this header alike: the first entry whose key is not less.
-template <typename Entries, typename Key>
-auto placeOf(Entries& entries, Key key) {
-    if (entries.empty() || entries.back().first < key) {
-        return entries.end(); // files come in ascending order
-    }
-    return std::lower_bound(entries.begin(), entries.end(), key,
-                            [](const auto& entry, Key wanted) { return entry.first < wanted; });
-}
-
-template <typename Entries, typename Key>
-auto* findEntry(Entries& entries, Key key) {
-    const auto place = placeOf(entries, key);
-    return place != entries.end() && place->first == key ? &place->second : nullptr;
-}
-
-template <typename Entries, typename Key>
-auto& makeEntry(Entries& entries, Key key) {
-    auto place = placeOf(entries, key);
-    if (place == entries.end() || place->first != key) {
-        place = entries.emplace(place);
-        place->first = key;
-    }
-    return place->second;
+/// The first entry whose attribute is not less.
+template <typename Entries>
+auto placeOf(Entries& entries, AttrIndex attr) {
+    return std::lower_bound(entries.begin(), entries.end(), attr,
+                            [](const auto& entry, AttrIndex wanted) { return entry.first < wanted; });
 }
 
 } // namespace
 
 const Value* Block::find(AttrIndex attr) const {
-    return findEntry(entries_, attr);
+    const auto place = placeOf(entries_, attr);
+    return place != entries_.end() && place->first == attr ? &place->second : nullptr;
 }
 
 Value& Block::at(AttrIndex attr) {
-    return makeEntry(entries_, attr);
+    auto place = placeOf(entries_, attr);
+    if (place == entries_.end() || place->first != attr) {
+        place = entries_.emplace(place);
+        place->first = attr;
+    }
+    return place->second;
 }
 
 void Block::erase(AttrIndex attr) {
@@ -50,11 +37,12 @@ void Block::erase(AttrIndex attr) {
 }
 
 const Block* ElementArray::find(std::int32_t logical) const {
-    return findEntry(elements, logical);
+    const auto found = elements.find(logical);
+    return found != elements.end() ? &found->second : nullptr;
 }
 
 Block& ElementArray::at(std::int32_t logical) {
-    return makeEntry(elements, logical);
+    return elements.try_emplace(elements.end(), logical)->second; // files come in ascending order
 }
 
 } // namespace host

@@ -5,6 +5,7 @@
 
 #include <Imath/ImathMatrix.h>
 
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -38,7 +39,7 @@ private:
 };
 
 struct ElementArray {
-    std::vector<std::pair<std::int32_t, Block>> elements; // ascending by logical index
+    std::map<std::int32_t, Block> elements; // by logical index
 
     const Block* find(std::int32_t logical) const;
     Block& at(std::int32_t logical); // made when missing

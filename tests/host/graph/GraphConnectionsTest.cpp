@@ -197,6 +197,20 @@ TEST_F(GraphConnectionsTest, TheNextFreeElementIsTheLowest) {
     EXPECT_EQ(graph.nextAvailableIndex(plug(b, "real")), 0);
 }
 
+TEST_F(GraphConnectionsTest, AnElementThatLosesItsLastDestinationIsFree) {
+    Node& a = make("holder", "a");
+    Node& b = make("holder", "b");
+    connect(b, "numbers[0]", a, "real");
+    connect(b, "numbers[1]", a, "length");
+    EXPECT_EQ(graph.nextAvailableIndex(plug(b, "numbers")), 2);
+    EXPECT_TRUE(graph.disconnect(plug(b, "numbers[0]"), plug(a, "real")).ok());
+    EXPECT_EQ(graph.nextAvailableIndex(plug(b, "numbers")), 0);
+    EXPECT_EQ(tryConnect(b, "numbers[0]", a, "length", true), "");
+    graph.destroy(a);
+    EXPECT_EQ(graph.nextAvailableIndex(plug(b, "numbers")), 0);
+    EXPECT_TRUE(graph.elementIndices(plug(b, "numbers")).empty());
+}
+
 TEST_F(GraphConnectionsTest, FreeElementsAreFoundAmongManyMembers) {
     constexpr std::int32_t kCount = 100000;
     Node& set = make("holder", "set");

@@ -65,6 +65,18 @@ TEST_F(GraphTest, DestroyingTakesConnectionsAndDropsWhatDependedOnThem) {
     EXPECT_TRUE(b.outgoing().empty());
 }
 
+TEST_F(GraphTest, WhenNothingIsCachedAnyMoreAChangeLooksAtNothing) {
+    Node& a = make("adder", "a");
+    Node& b = make("adder", "b");
+    number(a, "sum");
+    set(a, "in1", 1.0);
+    number(a, "sum");
+    graph.destroy(a);
+    const std::size_t before = graph.dropCount();
+    set(b, "in1", 1.0);
+    EXPECT_EQ(graph.dropCount(), before);
+}
+
 TEST_F(GraphTest, ThousandsOfNodesGoOneByOne) {
     constexpr int kCount = 100000;
     std::vector<NodeId> ids;

@@ -44,6 +44,7 @@ TEST(NumberRows, KeepsSparseRowsAscendingInAnyOrderOfMaking) {
         const std::size_t row = rows.makeRow(logical, kFill);
         rows.setValue(row, 0, logical);
     }
+    EXPECT_EQ(rows.findRow(4), -1);
     EXPECT_FALSE(rows.isDense());
     EXPECT_EQ(indicesOf(rows), (std::vector<std::int32_t>{0, 2, 3, 5, 2147483647}));
     for (std::size_t row = 0; row < rows.rowCount(); ++row) {
@@ -52,6 +53,36 @@ TEST(NumberRows, KeepsSparseRowsAscendingInAnyOrderOfMaking) {
         EXPECT_EQ(rows.findRow(rows.logicalIndex(row)), static_cast<std::ptrdiff_t>(row));
     }
     EXPECT_EQ(rows.findRow(4), -1);
+}
+
+TEST(NumberRows, RowsThatComeBackwardsCostNoMoreThanOthers) {
+    constexpr std::int32_t kCount = 300000; // moving what follows each time would take minutes
+    NumberRows rows(2, NumberRows::Storage::kFloat);
+    for (std::int32_t logical = kCount; logical-- > 0;) {
+        const std::size_t row = rows.makeRow(logical, kFill);
+        rows.setValue(row, 0, logical);
+        ASSERT_EQ(rows.findRow(logical), static_cast<std::ptrdiff_t>(row));
+    }
+    EXPECT_EQ(rows.makeRow(kCount - 1, kFill), 0U); // is there already, and not sorted in yet
+    EXPECT_EQ(rows.rowCount(), static_cast<std::size_t>(kCount));
+    EXPECT_EQ(rows.logicalIndex(0), 0);
+    EXPECT_TRUE(rows.isDense()); // none is missing in the end
+    for (std::int32_t logical = 0; logical < kCount; ++logical) {
+        ASSERT_EQ(rows.findRow(logical), logical);
+        ASSERT_EQ(rows.floats()[2 * static_cast<std::size_t>(logical)], static_cast<float>(logical));
+    }
+}
+
+TEST(NumberRows, RowsMadeOutOfOrderAreSortedInBeforeOneIsRemoved) {
+    NumberRows rows(2, NumberRows::Storage::kInt);
+    for (const std::int32_t logical : {7, 3, 5}) {
+        rows.setValue(rows.makeRow(logical, kFill), 1, 10.0 * logical);
+    }
+    EXPECT_TRUE(rows.remove(5));
+    EXPECT_EQ(rows.makeRow(4, kFill), 2U);
+    EXPECT_EQ(rows.logicalIndex(1), 4);
+    EXPECT_EQ(rows.value(0, 1), 30.0);
+    EXPECT_EQ(rows.value(2, 1), 70.0);
 }
 
 TEST(NumberRows, BecomesSparseAtAGap) {

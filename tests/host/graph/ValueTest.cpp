@@ -41,7 +41,7 @@ TEST(ElementArray, MakesElementsWhereTheyAreMissing) {
     array.at(4).at(0) = 2.0;
     array.at(4).at(1) = 3.0;
     ASSERT_EQ(array.elements.size(), 2U);
-    EXPECT_EQ(array.elements[0].first, 4);
+    EXPECT_EQ(array.elements.begin()->first, 4);
     EXPECT_EQ(array.find(5), nullptr);
     ASSERT_NE(array.find(4), nullptr);
     EXPECT_EQ(std::get<double>(*array.find(4)->find(1)), 3.0);
