@@ -2,27 +2,16 @@
 
 #include "host/api/Host.h"
 #include "host/api/filePaths.h"
+#include "host/api/melText.h"
 #include "host/api/statusResult.h"
 
 using host::Host;
 
 namespace {
 
-/// A MEL string with the text in it.
-std::string quoted(const std::string& text) {
-    std::string result = "\"";
-    for (const char c : text) {
-        if (c == '"' || c == '\\') {
-            result += '\\';
-        }
-        result += c;
-    }
-    return result + "\"";
-}
-
 MStatus runFile(const std::string& flags, const char* type, const MString& fileName) {
-    const std::string typeFlag = type != nullptr ? " -typ " + quoted(type) : std::string();
-    const std::string command = "file " + flags + typeFlag + " " + quoted(fileName.asChar());
+    const std::string typeFlag = type != nullptr ? " -typ " + host::melString(type) : std::string();
+    const std::string command = "file " + flags + typeFlag + " " + host::melString(fileName.asChar());
     return Host::instance().execute(command).ok() ? MStatus::kSuccess : MStatus::kFailure;
 }
 

@@ -1,0 +1,61 @@
+#include "host/app/Console.h"
+#include "host/app/commandLine.h"
+#include "host/app/exitStatus.h"
+#include "host/app/exportScene.h"
+#include "host/app/process.h"
+#include "host/app/runScripts.h"
+
+#include <cstddef>
+#include <exception>
+#include <iostream>
+#include <new>
+
+namespace {
+
+// Scenes may nest deeper than an ordinary stack is long.
+constexpr std::size_t kStackBytes = sizeof(void*) >= 8 ? std::size_t{512} << 20U : std::size_t{64} << 20U;
+
+int runHost(const host::app::CommandLine& commandLine) {
+    host::Host& host = host::Host::instance();
+    host::app::Console console(
+        host, {commandLine.quiet, host::app::isErrorTerminal() && !commandLine.quiet && !commandLine.noProgress});
+    try {
+        return commandLine.runsScripts() ? host::app::runScripts(host, console, commandLine)
+                                         : host::app::exportScene(host, console, commandLine);
+    } catch (const std::bad_alloc&) {
+        console.error("out of memory");
+    } catch (const std::exception& exception) {
+        console.error(exception.what());
+    }
+    return host::app::kFailed;
+}
+
+/// The status, unless what was printed on standard output did not arrive there.
+int finish(int status) {
+    std::cout.flush();
+    if (std::cout.good()) {
+        return status;
+    }
+    std::cerr << "Error: cannot write to standard output\n";
+    return host::app::kFailed;
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    host::app::ignoreBrokenPipes();
+    try {
+        const host::app::ParsedCommandLine parsed = host::app::parseCommandLine(argumentCount, arguments);
+        if (parsed.commandLine) {
+            return finish(host::app::runWithStack(kStackBytes, [&] { return runHost(*parsed.commandLine); }));
+        }
+        std::cout << parsed.output;
+        if (!parsed.error.empty()) {
+            std::cerr << "Error: " << parsed.error << " (tvkexport --help tells more)\n";
+        }
+        return finish(parsed.exitStatus);
+    } catch (const std::exception& exception) {
+        std::cerr << "Error: " << exception.what() << '\n';
+        return host::app::kFailed;
+    }
+}

@@ -1,0 +1,60 @@
+#include "host/app/prepareHost.h"
+
+#include "host/api/melText.h"
+#include "host/app/exporterPlugin.h"
+
+#include <filesystem>
+#include <system_error>
+
+namespace host::app {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// "" when it can be opened, as far as that shows from outside.
+std::string checkScene(const std::string& scene) {
+    std::error_code error;
+    const fs::path path = fs::u8path(scene);
+    if (!fs::exists(path, error)) {
+        return "the scene does not exist: " + scene;
+    }
+    if (fs::is_directory(path, error)) {
+        return "the scene is a folder: " + scene;
+    }
+    return path.extension() == ".mb" ? "only Maya ASCII scenes (.ma) can be read: " + scene : "";
+}
+
+} // namespace
+
+std::optional<mel::Value> runMel(Host& host, Console& console, const std::string& script) {
+    const std::size_t errorsBefore = console.errors();
+    const mel::EvalResult result = host.interpreter().eval(script);
+    if (result.ok()) {
+        return result.value;
+    }
+    if (console.errors() == errorsBefore) {
+        console.error(result.error->text);
+    }
+    return std::nullopt;
+}
+
+bool prepareHost(Host& host, Console& console, const CommandLine& commandLine) {
+    const std::string& scene = commandLine.scene;
+    std::string problem = loadExporter(host, commandLine.plugin);
+    if (problem.empty() && !scene.empty()) {
+        problem = checkScene(scene);
+    }
+    if (!problem.empty()) {
+        console.error(problem);
+        return false;
+    }
+    if (scene.empty()) {
+        return true;
+    }
+    std::error_code error;
+    const std::string path = fs::absolute(fs::u8path(scene), error).generic_u8string();
+    return runMel(host, console, "file -f -o " + melString(path)).has_value();
+}
+
+} // namespace host::app

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "host/app/Console.h"
+#include "host/app/commandLine.h"
+
+#include <optional>
+#include <string>
+
+namespace host::app {
+
+/// Loads the exporter and opens the scene, if one was named. False when one of them failed, which has been told then.
+[[nodiscard]] bool prepareHost(Host& host, Console& console, const CommandLine& commandLine);
+
+/// Runs MEL whose failure is told once: in the words of whoever failed, or else in MEL's. Nothing when it failed.
+std::optional<mel::Value> runMel(Host& host, Console& console, const std::string& script);
+
+} // namespace host::app
