@@ -7,7 +7,7 @@
 
 // Any bytes as a script: parsed and run without commands, with a step limit in place of patience.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    constexpr std::uint64_t kSteps = 20000;
+    constexpr std::uint64_t kSteps = 5000;
     host::mel::Interpreter interpreter;
     interpreter.setStepLimit(kSteps);
     const std::string_view script(reinterpret_cast<const char*>(data), size);

@@ -90,7 +90,7 @@ bool ParsedFlags::boolean(std::string_view flag, bool otherwise) const {
 
 std::string ParsedFlags::text(std::string_view flag, std::string otherwise) const {
     const Value& found = value(flag);
-    return found.isNone() ? otherwise : found.toText();
+    return found.isNone() ? std::move(otherwise) : found.toText();
 }
 
 std::vector<std::string> ParsedFlags::objectNames() const {

@@ -150,9 +150,11 @@ Value runToString(BuiltinCall& call) {
     const Value list = listOf<Family>(call, 0);
     const std::string separator = call.text(1);
     std::string joined;
+    bool isFirst = true;
     for (const auto& element : Family::of(list)) {
         call.evaluator.state().step(1 + separator.size() / 16);
-        joined += (joined.empty() ? "" : separator) + Family::text(element);
+        joined += (isFirst ? "" : separator) + Family::text(element);
+        isFirst = false;
         if (joined.size() > kMaximumTextBytes) {
             throw ScriptFailure(messages::kTextTooLong);
         }

@@ -98,20 +98,23 @@ void Evaluator::assign(const Expression& expression, Value* result) {
     const bool isAppending = operation == TokenKind::kPlusAssign && !isElement && variable.type == ValueType::kString;
     if (isAppending) {
         appendText(variable, value);
-    } else {
-        if (operation != TokenKind::kAssign) {
-            const Value before = isElement ? evaluateElement(target) : variable.value;
-            setPlace(expression.offset);
-            value = applyBinary(operatorOfAssignment(operation), before, value);
+    } else if (operation != TokenKind::kAssign) {
+        const Value before = isElement ? evaluateElement(target) : variable.value;
+        setPlace(expression.offset);
+        value = applyBinary(operatorOfAssignment(operation), before, value);
+    }
+    if (isElement) {
+        Value stored = storeElement(variable, target, value);
+        if (result != nullptr) {
+            *result = std::move(stored);
         }
-        if (isElement) {
-            value = storeElement(variable, target, value);
-        } else {
-            store(variable, std::move(value));
-        }
+        return;
+    }
+    if (!isAppending) {
+        store(variable, std::move(value));
     }
     if (result != nullptr) {
-        *result = isElement ? std::move(value) : variable.value;
+        *result = variable.value;
     }
 }
 

@@ -16,9 +16,9 @@ constexpr double kDegree = kPi / 180.0;
 
 using Function = double (*)(double);
 
-template <Function function>
+template <Function Compute>
 Value runOf(BuiltinCall& call) {
-    return function(call.number(0));
+    return Compute(call.number(0));
 }
 
 double sine(double angle) {
@@ -53,14 +53,14 @@ double toDegrees(double radians) {
     return radians / kDegree;
 }
 
-template <Function function>
+template <Function Compute>
 Value runOfDegrees(BuiltinCall& call) {
-    return function(toRadians(call.number(0)));
+    return Compute(toRadians(call.number(0)));
 }
 
-template <Function function>
+template <Function Compute>
 Value runToDegrees(BuiltinCall& call) {
-    return toDegrees(function(call.number(0)));
+    return toDegrees(Compute(call.number(0)));
 }
 
 double squareRoot(double value) {

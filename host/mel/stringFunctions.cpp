@@ -14,11 +14,10 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n\v\f";
 
-std::string checkedText(std::string text) {
+void checkLength(const std::string& text) {
     if (text.size() > kMaximumTextBytes) {
         throw ScriptFailure(messages::kTextTooLong);
     }
-    return text;
 }
 
 // Bytes of ASCII only, whatever the locale.
@@ -126,7 +125,9 @@ Value runSubstitute(BuiltinCall& call) {
     if (!range.has_value()) {
         return text;
     }
-    return checkedText(text.replace(range->offset, range->length, call.text(2)));
+    text.replace(range->offset, range->length, call.text(2));
+    checkLength(text);
+    return text;
 }
 
 Value runSubstituteAll(BuiltinCall& call) {
@@ -141,7 +142,8 @@ Value runSubstituteAll(BuiltinCall& call) {
     for (std::size_t found = text.find(wanted); found != std::string::npos; found = text.find(wanted, at)) {
         call.evaluator.state().step(1 + replacement.size() / 16);
         result.append(text, at, found - at);
-        result = checkedText(std::move(result) + replacement);
+        result += replacement;
+        checkLength(result);
         at = found + wanted.size();
     }
     return result.append(text, at);
@@ -168,9 +170,13 @@ Value runStringToArray(BuiltinCall& call) {
 Value runArrayToString(BuiltinCall& call) {
     const std::string separator = call.text(1);
     std::string joined;
+    bool isFirst = true;
     for (const std::string& element : call.strings(0)) {
         call.evaluator.state().step(1 + (element.size() + separator.size()) / 16);
-        joined = checkedText(std::move(joined) + (joined.empty() ? "" : separator) + element);
+        joined += isFirst ? "" : separator;
+        joined += element;
+        isFirst = false;
+        checkLength(joined);
     }
     return joined;
 }
@@ -202,7 +208,8 @@ Value runFormat(BuiltinCall& call) {
         }
         call.evaluator.state().step(1 + result.size() / 65536);
     }
-    return checkedText(std::move(result));
+    checkLength(result);
+    return result;
 }
 
 constexpr std::array<Builtin, 19> kRows = {{

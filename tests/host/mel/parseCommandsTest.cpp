@@ -46,6 +46,7 @@ TEST(parseCommands, argumentsKeepTheirForm) {
         {"string $r = `cmd(\"x\")`; $r;", "string call \"x\""},
         {"`cmd (1) on`;", "string command int:1 word:on"},
         {"cmd // nothing\n -a /* none */ 1\n;", "string command flag:-a int:1"},
+        {"cmd .. -af \"a\" \"top\" -5;", "string command word:.. flag:-af \"a\" \"top\" int:-5"},
         {"cmd 23.976fps a*;", "string command word:23.976fps word:a*"},
         {"cmd (`cmd (`cmd`) on`);", "string call \"command \"command\" word:on\""},
     };

@@ -49,6 +49,7 @@ TEST(stringFunctions, giveTheDocumentedResults) {
         {"substituteAllString(\"aa\", \"\", \"x\");", "string aa"},
         {"stringToStringArray(\"a; b ;;c\", \" ;\");", "string[] a\nb\nc\n"},
         {"stringArrayToString({\"a\", \"b\"}, \", \");", "string a, b"},
+        {"stringArrayToString({\"\", \"b\", \"\"}, \",\");", "string ,b,"},
         {"format -s \"one\" -stringArg \"two\" \"^2s, ^1s, ^3s, ^^, ^\";", "string two, one, , ^, ^"},
         {"format(\"-s\", \"x\", \"<^1s>\");", "string <x>"},
     });
