@@ -9,7 +9,7 @@ namespace host {
 
 /// Default of every number of an attribute, in the unit in which people write it: degrees for angles, else as stored.
 struct RowDefault {
-    constexpr RowDefault(double all = 0.0) : value{all, all, all, all} {} // NOLINT: a row says just "0.5"
+    constexpr RowDefault(double all = 0.0) : value{all, all, all, all} {} // a row says just 0.5
     constexpr RowDefault(double a, double b, double c, double d = 0.0) : value{a, b, c, d} {}
 
     double value[4];
