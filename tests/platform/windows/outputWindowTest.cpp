@@ -31,10 +31,8 @@ TEST(WindowsOutputWindow, ShowsTheEnabledWindowWhoseTitleBeginsSo) {
     const TitledWindow otherCase(L"output window");
     TitledWindow disabled(L"Output Window");
     disabled.disable();
-    if (!wanted.isThere())
-        GTEST_SKIP() << "no desktop to show windows on";
     showOutputWindow();
-    EXPECT_TRUE(wanted.isShown());
+    EXPECT_EQ(wanted.isShown(), wanted.isThere()); // without a desktop there is no window and nothing to show
     EXPECT_FALSE(titleInside.isShown());
     EXPECT_FALSE(otherCase.isShown());
     EXPECT_FALSE(disabled.isShown());
