@@ -13,10 +13,12 @@ namespace {
 
 constexpr const char* kFolders[] = {"", "../plug-ins/"}; // from the program: as built, as installed
 
-std::string findExporter() {
-    const char* named = std::getenv("TVK_PLUGIN");
-    if (named != nullptr && *named != '\0') {
-        return named;
+} // namespace
+
+std::string findExporter(const std::string& named) {
+    const char* chosen = std::getenv("TVK_PLUGIN");
+    if (!named.empty() || (chosen != nullptr && *chosen != '\0')) {
+        return named.empty() ? chosen : named;
     }
     for (const char* folder : kFolders) {
         const std::string path = programFolder() + folder + "tvk_export" + std::string(SharedLibrary::suffix());
@@ -28,18 +30,14 @@ std::string findExporter() {
     return "";
 }
 
-} // namespace
-
-std::string loadExporter(Host& host, const std::string& plugin) {
-    const std::string path = plugin.empty() ? findExporter() : plugin;
+std::string loadExporter(Host& host, const std::string& path) {
     if (path.empty()) {
         return "the exporter tvk_export" + std::string(SharedLibrary::suffix()) + " is not beside the program";
     }
     // A bare name means a file here, as everywhere on a command line, not one on the search path.
     std::error_code error;
     const std::string file = std::filesystem::absolute(std::filesystem::u8path(path), error).generic_u8string();
-    const PluginResult result = host.plugins().load(file);
-    return result.ok() ? "" : result.error;
+    return host.plugins().load(file).error;
 }
 
 } // namespace host::app

@@ -41,7 +41,10 @@ std::optional<mel::Value> runMel(Host& host, Console& console, const std::string
 
 bool prepareHost(Host& host, Console& console, const CommandLine& commandLine) {
     const std::string& scene = commandLine.scene;
-    std::string problem = loadExporter(host, commandLine.plugin);
+    const std::string exporter = findExporter(commandLine.plugin);
+    // Scripts need not export anything.
+    const bool isNeeded = !exporter.empty() || !commandLine.runsScripts();
+    std::string problem = isNeeded ? loadExporter(host, exporter) : "";
     if (problem.empty() && !scene.empty()) {
         problem = checkScene(scene);
     }

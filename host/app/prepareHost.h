@@ -8,7 +8,8 @@
 
 namespace host::app {
 
-/// Loads the exporter and opens the scene, if one was named. False when one of them failed, which has been told then.
+/// Loads the exporter, which scripts may lack, and opens the scene, if one was named. False when one of them failed,
+/// which has been told then.
 [[nodiscard]] bool prepareHost(Host& host, Console& console, const CommandLine& commandLine);
 
 /// Runs MEL whose failure is told once: in the words of whoever failed, or else in MEL's. Nothing when it failed.
