@@ -103,7 +103,7 @@ public:
     GraphResult isFreeToChange(const Plug& plug) const;
 
     // --- change
-    /// Drops every cached output that depends on this plug.
+    /// Drops every cached output that depends on this plug, and the plug itself when it is one.
     void changed(const Plug& plug);
 
     // --- time

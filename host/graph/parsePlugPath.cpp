@@ -98,6 +98,9 @@ AttrIndex findTop(const Node& node, std::string_view name, std::vector<Level>& l
     if (attr == kNoAttr || !goDown(node, kNoAttr, attr, levels)) {
         return kNoAttr;
     }
+    if (node.aliases().empty()) {
+        return attr;
+    }
     const auto alias = node.aliases().find(std::string(name));
     if (alias != node.aliases().end() && node.attribute(attr).longName != name &&
         node.attribute(attr).shortName != name) {

@@ -25,6 +25,18 @@ TEST_F(DirtyPropagationTest, AChangeDropsOnlyWhatItsAttributeAffects) {
     EXPECT_TRUE(isCached(a, "sum"));
 }
 
+TEST_F(DirtyPropagationTest, AnOutputItselfCanBeSaidToHaveChanged) {
+    Node& a = make("adder", "a");
+    Node& b = make("adder", "b");
+    connect(a, "sum", b, "in2");
+    number(b, "sum");
+    number(b, "twice");
+    graph.changed(plug(a, "sum"));
+    EXPECT_FALSE(isCached(a, "sum"));
+    EXPECT_FALSE(isCached(b, "sum"));
+    EXPECT_TRUE(isCached(b, "twice"));
+}
+
 TEST_F(DirtyPropagationTest, DynamicAttributesAffectOnlyWhatTheyAreConnectedTo) {
     Node& a = make("adder", "a");
     Attribute knob;

@@ -74,6 +74,53 @@ TEST_F(EvaluationTest, AnOutputThatIsNotPutHasItsDefaultAndIsNotAskedForAgain) {
     EXPECT_EQ(graph.computeCount(), 2U);
 }
 
+TEST_F(EvaluationTest, OutputsPutAgainAreNotCountedTwice) {
+    auto type = std::make_unique<NodeType>("pair", nullptr, 0);
+    const AttrIndex first = addAttribute(*type, "first", AttrKind::kDouble, false);
+    const AttrIndex second = addAttribute(*type, "second", AttrKind::kDouble, false);
+    const AttrIndex outFirst = addAttribute(*type, "outFirst", AttrKind::kDouble, true);
+    const AttrIndex outSecond = addAttribute(*type, "outSecond", AttrKind::kDouble, true);
+    type->affects = {{outFirst}, {outSecond}};
+    type->compute = [](Evaluation& evaluation, Node& node, const PlugAddress&) {
+        for (const auto& [in, out] : {std::pair{"first", "outFirst"}, std::pair{"second", "outSecond"}}) {
+            evaluation.putNumber(node, {node.type().find(out), 0, {}}, evaluation.number(node, node.type().find(in)));
+        }
+    };
+    Node& node = graph.create(types.add(std::move(type)), "p");
+    Node& other = make("adder", "a");
+    EXPECT_EQ(graph.number({&node, {outFirst, 0, {}}}), 9.0);
+    EXPECT_TRUE(graph.setNumber({&node, {first, 0, {}}}, 1.0).ok());
+    EXPECT_EQ(graph.number({&node, {outFirst, 0, {}}}), 1.0); // puts the second again, which was not dropped
+    EXPECT_TRUE(graph.setNumber({&node, {first, 0, {}}}, 2.0).ok());
+    EXPECT_TRUE(graph.setNumber({&node, {second, 0, {}}}, 2.0).ok());
+    const std::size_t before = graph.dropCount(); // nothing is cached now, so changes look at nothing
+    set(other, "in1", 1.0);
+    EXPECT_EQ(graph.dropCount(), before);
+}
+
+TEST_F(EvaluationTest, AnOutputThatMayBeConnectedIsComputedOnlyWhileItIsNot) {
+    auto type = std::make_unique<NodeType>("mixed", nullptr, 0);
+    const AttrIndex out = addAttribute(*type, "out", AttrKind::kDouble, true);
+    type->compute = [](Evaluation& evaluation, Node& node, const PlugAddress& at) {
+        evaluation.putNumber(node, at, 5.0);
+    };
+    Node& node = graph.create(types.add(std::move(type)), "m");
+    Node& h = make("holder", "h");
+    const Plug output{&node, {out, 0, {}}};
+    set(h, "real", 1.0);
+    EXPECT_EQ(graph.number(output), 5.0);
+    connect(h, "real", node, "out");
+    EXPECT_EQ(graph.number(output), 1.0);
+    EXPECT_TRUE(graph.disconnect(plug(h, "real"), output).ok());
+    EXPECT_EQ(graph.number(output), 5.0);
+    EXPECT_EQ(graph.setNumber(output, 1.0).error, "m.out is computed");
+    connect(h, "real", h, "length");
+    connect(h, "length", node, "out");
+    EXPECT_EQ(tryConnect(node, "out", h, "real"), "");
+    EXPECT_EQ(graph.number(output), 9.0); // in a loop: neither driven nor computed
+    EXPECT_EQ(warnings, std::vector<std::string>{"Cycle in the graph at m.out (its stored value is used)"});
+}
+
 TEST_F(EvaluationTest, WithoutAComputeFunctionAnOutputHasItsDefault) {
     auto type = std::make_unique<NodeType>("mute", nullptr, 0);
     addAttribute(*type, "out", AttrKind::kDouble, true);
