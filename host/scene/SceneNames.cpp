@@ -110,11 +110,12 @@ void SceneNames::add(Node& node) {
         holders.single = &node;
         return;
     }
-    if (holders.single != nullptr) {
-        holders.more.insert(holders.single);
+    if (holders.more == nullptr) {
+        holders.more = std::make_unique<std::unordered_set<Node*>>();
+        holders.more->insert(holders.single);
         holders.single = nullptr;
     }
-    holders.more.insert(&node);
+    holders.more->insert(&node);
 }
 
 void SceneNames::addChild(Node& node, const Node& parent) {
@@ -137,10 +138,13 @@ void SceneNames::remove(const Node& node) {
         byName_.erase(found);
         return;
     }
-    holders.more.erase(const_cast<Node*>(&node));
-    if (holders.more.size() == 1) {
-        holders.single = *holders.more.begin();
-        holders.more.clear();
+    if (holders.more == nullptr) {
+        return;
+    }
+    holders.more->erase(const_cast<Node*>(&node));
+    if (holders.more->size() == 1) {
+        holders.single = *holders.more->begin();
+        holders.more.reset();
     }
 }
 
@@ -163,7 +167,7 @@ std::vector<Node*> SceneNames::nodesNamed(std::string_view shortName) const {
     if (holders->single != nullptr) {
         return {holders->single};
     }
-    return {holders->more.begin(), holders->more.end()};
+    return {holders->more->begin(), holders->more->end()};
 }
 
 Node* SceneNames::child(const Node& parent, std::string_view name) const {

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -65,8 +66,8 @@ public:
 private:
     struct Bearers { // nodes of one short name; mostly one, so the set is made only when there are more
         Node* single = nullptr;
-        std::unordered_set<Node*> more;
-        std::size_t count() const { return more.empty() ? (single != nullptr ? 1 : 0) : more.size(); }
+        std::unique_ptr<std::unordered_set<Node*>> more;
+        std::size_t count() const { return more != nullptr ? more->size() : (single != nullptr ? 1 : 0); }
     };
     struct ChildKey {
         const Node* parent;

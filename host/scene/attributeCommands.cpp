@@ -16,12 +16,10 @@ using mel::FlagArgument;
 using mel::FlagSyntax;
 using mel::ParsedFlags;
 
-/// The current time is another one until the end of its scope.
+/// Whatever the time is set to within its scope, it is as before afterwards.
 class OtherTime {
 public:
-    OtherTime(Scene& scene, double frame) : scene_(scene), before_(scene.graph().time()) {
-        scene_.setCurrentFrame(frame);
-    }
+    explicit OtherTime(Scene& scene) : scene_(scene), before_(scene.graph().time()) {}
     ~OtherTime() { scene_.graph().setTime(before_); }
     OtherTime(const OtherTime&) = delete;
     OtherTime& operator=(const OtherTime&) = delete;
@@ -71,7 +69,10 @@ CommandResult getAttrCommand(Scene& scene, const ParsedFlags& flags) {
     if (flags.has("channelBox")) {
         return CommandResult(flagOf(named, &PlugFlags::channelBox, &Attribute::channelBox));
     }
-    const OtherTime time(scene, flags.has("time") ? flags.value("time").toFloat() : scene.currentFrame());
+    const OtherTime time(scene);
+    if (flags.has("time")) {
+        scene.setCurrentFrame(flags.value("time").toFloat());
+    }
     if (!target.range.isRange) {
         return CommandResult(attributeValue(scene, named));
     }

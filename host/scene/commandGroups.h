@@ -16,6 +16,7 @@ namespace host {
 
 void registerNodeCommands(mel::CommandTable& commands, Scene& scene);
 void registerDagCommands(mel::CommandTable& commands, Scene& scene);
+void registerXformCommand(mel::CommandTable& commands, Scene& scene);
 void registerAttributeCommands(mel::CommandTable& commands, Scene& scene);
 void registerAttributeQuery(mel::CommandTable& commands, Scene& scene);
 void registerConnectionCommands(mel::CommandTable& commands, Scene& scene);

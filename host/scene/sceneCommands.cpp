@@ -12,6 +12,7 @@ namespace host {
 void registerSceneCommands(mel::CommandTable& commands, Scene& scene, const HostFacts& facts) {
     registerNodeCommands(commands, scene);
     registerDagCommands(commands, scene);
+    registerXformCommand(commands, scene);
     registerAttributeCommands(commands, scene);
     registerAttributeQuery(commands, scene);
     registerConnectionCommands(commands, scene);

@@ -18,7 +18,7 @@ struct HostFacts {
 ///
 ///   nodes       createNode delete rename nodeType objExists
 ///   DAG         parent group instance joint listRelatives xform (query)
-///   attributes  setAttr getAttr addAttr deleteAttr attributeQuery
+///   attributes  setAttr getAttr addAttr attributeQuery
 ///   connections connectAttr disconnectAttr isConnected connectionInfo listConnections
 ///   selection   select ls
 ///   time        currentTime currentUnit playbackOptions

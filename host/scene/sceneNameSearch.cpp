@@ -146,7 +146,7 @@ std::vector<SceneNames::EndMatch> SceneNames::endsMatching(const std::vector<std
     if (holders != nullptr && holders->single != nullptr) {
         consider(holders->single);
     } else if (holders != nullptr) {
-        (void)std::all_of(holders->more.begin(), holders->more.end(), consider);
+        (void)std::all_of(holders->more->begin(), holders->more->end(), consider);
     }
     return matches;
 }
@@ -196,7 +196,7 @@ std::string SceneNames::shortestName(const Node& node) const {
         return node.name();
     }
     const DagPath path = firstPath(graph_, const_cast<Node&>(node));
-    for (std::size_t count = 2; count < path.nodes.size(); ++count) {
+    for (std::size_t count = 2; count <= path.nodes.size(); ++count) {
         std::string name = joinLast(path, count);
         if (findNode(name).ok()) {
             return name;
@@ -207,7 +207,7 @@ std::string SceneNames::shortestName(const Node& node) const {
 
 std::string SceneNames::shortestName(const DagPath& path) const {
     std::vector<std::string_view> parts;
-    for (std::size_t count = 1; count < path.nodes.size(); ++count) {
+    for (std::size_t count = 1; count <= path.nodes.size(); ++count) {
         parts.insert(parts.begin(), path.nodes[path.nodes.size() - count]->name());
         const std::vector<EndMatch> matches = endsMatching(parts, 2);
         const Node* top = path.nodes[path.nodes.size() - count];
@@ -215,11 +215,7 @@ std::string SceneNames::shortestName(const DagPath& path) const {
             return joinLast(path, count);
         }
     }
-    // A name of the whole path without its '|' in front may stand for other paths that end alike.
-    if (path.nodes.size() == 1 && endsMatching({path.nodes[0]->name()}, 2).size() == 1) {
-        return path.nodes[0]->name();
-    }
-    return fullPathName(path);
+    return fullPathName(path); // the whole path without its '|' in front stands for other paths that end alike, too
 }
 
 bool matchesPattern(std::string_view pattern, std::string_view name) {

@@ -1,7 +1,5 @@
 #include "host/scene/transformFit.h"
 
-#include "host/nodes/transformMatrix.h"
-
 #include <Imath/ImathEuler.h>
 #include <Imath/ImathMatrixAlgo.h>
 
@@ -20,24 +18,6 @@ constexpr Order kOrders[] = {Imath::Eulerd::XYZ, Imath::Eulerd::YZX, Imath::Eule
 
 Plug plugNamed(Graph& graph, Node& node, const char* name) {
     return {&node, graph.findPlug(node, name)};
-}
-
-double numberOf(Graph& graph, Node& node, const char* name, double otherwise) {
-    const Plug plug = plugNamed(graph, node, name);
-    return plug ? graph.number(plug) : otherwise;
-}
-
-V3d vectorOf(Graph& graph, Node& node, const char* name, double otherwise) {
-    const Plug plug = plugNamed(graph, node, name);
-    if (!plug || node.attribute(plug.at.attr).children.size() != 3) {
-        return V3d(otherwise);
-    }
-    V3d vector;
-    for (int axis = 0; axis < 3; ++axis) {
-        const AttrIndex child = node.attribute(plug.at.attr).children[static_cast<std::size_t>(axis)];
-        vector[axis] = graph.number({&node, PlugAddress{child, 0, {}}});
-    }
-    return vector;
 }
 
 void setVector(Graph& graph, Node& node, const char* name, const V3d& vector) {
@@ -75,15 +55,36 @@ Matrix44 behindRotation(Graph& graph, Node& node) {
 }
 
 void fitRotation(Graph& graph, Node& node, const Matrix44& rotation) {
-    const auto order = static_cast<std::size_t>(rotateOrderOf(numberOf(graph, node, "rotateOrder", 0.0)));
     const V3d axis = vectorOf(graph, node, "rotateAxis", 0.0);
     const Matrix44 own = Matrix44(rotationMatrix(axis, RotateOrder::kXYZ), V3d(0.0)).inverse() * rotation;
-    Imath::Eulerd angles(kOrders[order]);
-    angles.extract(own);
-    setVector(graph, node, "rotate", angles.toXYZVector());
+    setVector(graph, node, "rotate", anglesOf(own, rotateOrderOf(numberOf(graph, node, "rotateOrder", 0.0))));
 }
 
 } // namespace
+
+double numberOf(Graph& graph, Node& node, const char* name, double otherwise) {
+    const Plug plug = plugNamed(graph, node, name);
+    return plug ? graph.number(plug) : otherwise;
+}
+
+V3d vectorOf(Graph& graph, Node& node, const char* name, double otherwise) {
+    const Plug plug = plugNamed(graph, node, name);
+    if (!plug || node.attribute(plug.at.attr).children.size() != 3) {
+        return V3d(otherwise);
+    }
+    V3d vector;
+    for (int axis = 0; axis < 3; ++axis) {
+        const AttrIndex child = node.attribute(plug.at.attr).children[static_cast<std::size_t>(axis)];
+        vector[axis] = graph.number({&node, PlugAddress{child, 0, {}}});
+    }
+    return vector;
+}
+
+V3d anglesOf(const Matrix44& rotation, RotateOrder order) {
+    Imath::Eulerd angles(kOrders[static_cast<std::size_t>(order)]);
+    angles.extract(rotation);
+    return angles.toXYZVector();
+}
 
 Matrix44 worldMatrixOf(Graph& graph, Node& node) {
     return matrixOf(graph, node, "worldMatrix[0]");
