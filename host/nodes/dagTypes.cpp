@@ -201,6 +201,7 @@ constexpr TypeRow kTypes[] = {
     {"ikHandle", "transform", api::kIkHandle, kIkHandle, {DagRole::kNone, nullptr, {}, true}},
     {"ikEffector", "transform", api::kIkEffector, kIkEffector},
     {"lodGroup", "transform", api::kLodGroup, kLodGroup},
+    {"dagContainer", "transform", api::kDagContainer},
     {"unknownTransform", "transform", api::kUnknownTransform},
     {"world", "dagNode", api::kWorld, TypeBehaviour{DagRole::kWorld}},
 };

@@ -17,18 +17,22 @@ struct Consequence {
 constexpr std::string_view kPassesThrough = "passes its input through";
 
 constexpr Consequence kConsequences[] = {
-    {"polyModifier", kPassesThrough},    {"geometryFilter", kPassesThrough},
-    {"groupParts", kPassesThrough},      {"transformGeometry", kPassesThrough},
-    {"deleteComponent", kPassesThrough}, {"createColorSet", kPassesThrough},
-    {"copyColorSet", kPassesThrough},    {"deleteColorSet", kPassesThrough},
-    {"createUVSet", kPassesThrough},     {"deleteUVSet", kPassesThrough},
-    {"polyBase", "makes no mesh"},       {"nurbsTessellate", "makes no mesh"},
-    {"subdToPoly", "makes no mesh"},     {"dependNode", "keeps its stored values"},
+    {"polyModifier", kPassesThrough},      {"geometryFilter", kPassesThrough},  {"groupParts", kPassesThrough},
+    {"transformGeometry", kPassesThrough}, {"deleteComponent", kPassesThrough}, {"createColorSet", kPassesThrough},
+    {"copyColorSet", kPassesThrough},      {"deleteColorSet", kPassesThrough},  {"createUVSet", kPassesThrough},
+    {"deleteUVSet", kPassesThrough},       {"polyBase", "makes no mesh"},       {"nurbsTessellate", "makes no mesh"},
+    {"subdToPoly", "makes no mesh"},
 };
 
-/// Attributes of a DAG node through which nothing reaches its transformation or its points.
-constexpr std::string_view kHarmless[] = {"instObjGroups", "compInstObjGroups", "tweakLocation",
-                                          "renderInfo",    "renderLayerInfo",   "publishedNodeInfo"};
+/// Attributes through which nothing reaches a transformation or points: shading, memberships, the host's own windows.
+constexpr std::string_view kHarmless[] = {"instObjGroups",   "compInstObjGroups", "tweakLocation", "renderInfo",
+                                          "renderLayerInfo", "publishedNodeInfo", "dagSetMembers", "dnSetMembers"};
+
+std::string_view consequenceOf(const NodeType& type) {
+    const auto row = std::find_if(std::begin(kConsequences), std::end(kConsequences),
+                                  [&](const Consequence& each) { return type.isKindOf(each.type); });
+    return row == std::end(kConsequences) ? "keeps its stored values" : row->text;
+}
 
 bool isNotEvaluated(const Node& node) {
     return node.type().passesThrough || !node.type().known;
@@ -64,35 +68,29 @@ public:
     }
 
 private:
-    /// Looks through all that drives a DAG node, up to nodes that are not evaluated and to other DAG nodes.
+    /// Looks through all that drives a DAG node, up to other DAG nodes and to nodes whose own inputs do not count.
     void findDrivers(const Node& driven) {
         std::vector<const Node*> open;
-        for (const auto& [at, source] : driven.incoming()) {
-            if (!isHarmless(driven, at.attr)) {
-                addDriver(driven, at, source, open);
-            }
-        }
+        addDrivers(driven, open);
         while (!open.empty()) {
             const Node& node = *open.back();
             open.pop_back();
             if (isNotEvaluated(node)) {
                 note(node, driven);
-                continue;
             }
-            if (node.isDag()) {
-                continue;
-            }
-            for (const auto& [at, source] : node.incoming()) {
-                addDriver(node, at, source, open);
+            if (isNotEvaluated(node) ? consequenceOf(node.type()) == kPassesThrough : !node.isDag()) {
+                addDrivers(node, open);
             }
         }
     }
 
-    void addDriver(const Node& node, const PlugAddress& at, const Plug& source, std::vector<const Node*>& open) {
-        const bool isValue = node.attribute(at.attr).kind != AttrKind::kMessage &&
-                             source.node->attribute(source.at.attr).kind != AttrKind::kMessage;
-        if (isValue && seen_.insert(source.node).second) {
-            open.push_back(source.node);
+    void addDrivers(const Node& node, std::vector<const Node*>& open) {
+        for (const auto& [at, source] : node.incoming()) {
+            const bool isValue = node.attribute(at.attr).kind != AttrKind::kMessage &&
+                                 source.node->attribute(source.at.attr).kind != AttrKind::kMessage;
+            if (isValue && !isHarmless(node, at.attr) && seen_.insert(source.node).second) {
+                open.push_back(source.node);
+            }
         }
     }
 
@@ -112,11 +110,8 @@ private:
         }
         const Node& shown =
             driven.type().dagRole == DagRole::kShape && !driven.parents().empty() ? *driven.parents().front() : driven;
-        const auto row = std::find_if(std::begin(kConsequences), std::end(kConsequences),
-                                      [&](const Consequence& each) { return type.isKindOf(each.type); });
-        notes_.push_back(
-            "node type '" + type.name() + "' is not supported: " + shown.name() + "." + node.name() + " " +
-            std::string(row == std::end(kConsequences) ? std::prev(std::end(kConsequences))->text : row->text));
+        notes_.push_back("node type '" + type.name() + "' is not supported: " + shown.name() + "." + node.name() + " " +
+                         std::string(consequenceOf(type)));
     }
 
     const Graph& graph_;

@@ -42,7 +42,8 @@ TEST_F(EvaluationNotes, NameHistoryByTheTransformOfTheMesh) {
     connect(cube, "out", bevel, "ip");
     connect(bevel, "out", shape, "i");
     EXPECT_EQ(findEvaluationNotes(graph),
-              Notes{"node type 'polyBevel3' is not supported: body.polyBevel1 passes its input through"});
+              (Notes{"node type 'polyBevel3' is not supported: body.polyBevel1 passes its input through",
+                     "node type 'polyCube' is not supported: body.polyCube1 makes no mesh"}));
 }
 
 TEST_F(EvaluationNotes, SpeakOncePerType) {
@@ -85,6 +86,15 @@ TEST_F(EvaluationNotes, NameHandlesByTheJointWhereTheyBegin) {
     connect(joint, "msg", handle, "hsj");
     EXPECT_EQ(findEvaluationNotes(graph),
               Notes{"node type 'ikHandle' is not supported: joint1.ikHandle1 keeps its stored values"});
+}
+
+TEST_F(EvaluationNotes, DoNotCountMembersOfASetAsItsDrivers) {
+    Node& joint = make("joint", "joint1");
+    Node& character = make("character", "set");
+    Node& shape = make("blendShape", "blendShape1");
+    connect(shape, "w[0]", character, "dnsm[0]");
+    connect(character, "uv[0]", joint, "sx");
+    EXPECT_EQ(findEvaluationNotes(graph), Notes{});
 }
 
 TEST_F(EvaluationNotes, NameUnknownTypesOnlyWhereTheyDrive) {

@@ -13,14 +13,14 @@ namespace {
 class NodeTypes : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        if (types_.all().empty()) {
-            registerNodeTypes(types_);
+        if (types.all().empty()) {
+            registerNodeTypes(types);
         }
     }
     static const NodeType& type(const std::string& name) {
-        const NodeType* found = types_.find(name);
+        const NodeType* found = types.find(name);
         EXPECT_NE(found, nullptr) << name;
-        return found != nullptr ? *found : *types_.find("dependNode");
+        return found != nullptr ? *found : *types.find("dependNode");
     }
     static const Attribute* attribute(const std::string& typeName, const std::string& name) {
         const NodeType& found = type(typeName);
@@ -28,20 +28,20 @@ protected:
         return index == kNoAttr ? nullptr : &found.attributes()[static_cast<std::size_t>(index)];
     }
 
-    static NodeTypeRegistry types_;
+    static NodeTypeRegistry types;
 };
 
-NodeTypeRegistry NodeTypes::types_;
+NodeTypeRegistry NodeTypes::types;
 
 TEST_F(NodeTypes, HaveNamesOfTheirOwn) {
     std::set<std::string> names;
-    for (const auto& each : types_.all()) {
+    for (const auto& each : types.all()) {
         EXPECT_TRUE(names.insert(each->name()).second) << each->name();
     }
 }
 
 TEST_F(NodeTypes, HaveUniqueAttributeNamesLongAndShort) {
-    for (const auto& each : types_.all()) {
+    for (const auto& each : types.all()) {
         std::set<std::string> names;
         for (const Attribute& attribute : each->attributes()) {
             EXPECT_TRUE(names.insert(attribute.longName).second) << each->name() << "." << attribute.longName;
@@ -53,7 +53,7 @@ TEST_F(NodeTypes, HaveUniqueAttributeNamesLongAndShort) {
 }
 
 TEST_F(NodeTypes, NestArraysNoDeeperThanAnAddressReaches) {
-    for (const auto& each : types_.all()) {
+    for (const auto& each : types.all()) {
         for (const Attribute& attribute : each->attributes()) {
             EXPECT_LE(attribute.arrayDepth, PlugAddress::kMaxDepth) << each->name() << "." << attribute.longName;
             EXPECT_EQ(attribute.children.empty(), attribute.kind != AttrKind::kCompound)
@@ -63,7 +63,7 @@ TEST_F(NodeTypes, NestArraysNoDeeperThanAnAddressReaches) {
 }
 
 TEST_F(NodeTypes, ComputeWhatTheyDeclareAsComputed) {
-    for (const auto& each : types_.all()) {
+    for (const auto& each : types.all()) {
         EXPECT_TRUE(each->outputs().empty() || each->compute != nullptr || each->name() == "animCurve") << each->name();
     }
 }
@@ -170,7 +170,7 @@ TEST_F(NodeTypes, AreThereForEveryTypeThatScenesHold) {
                              "uvChooser",
                              "water",
                              "world"}) {
-        EXPECT_NE(types_.find(name), nullptr) << name;
+        EXPECT_NE(types.find(name), nullptr) << name;
     }
 }
 
