@@ -1,6 +1,7 @@
 #include "host/scene/Scene.h"
 
 #include "host/nodes/defaultNodes.h"
+#include "host/nodes/evaluationNotes.h"
 #include "host/nodes/nodeTypes.h"
 #include "host/scene/MaReader.h"
 #include "host/scene/MappedFile.h"
@@ -141,7 +142,13 @@ SceneResult Scene::openText(std::string_view text, const std::string& name) {
 }
 
 SceneResult Scene::read(std::string_view text, const std::string& name) {
-    return MaReader(*this, name, text).read();
+    SceneResult result = MaReader(*this, name, text).read();
+    if (result.ok() && onWarning) {
+        for (const std::string& note : findEvaluationNotes(*graph_)) {
+            onWarning(note);
+        }
+    }
+    return result;
 }
 
 // --- nodes

@@ -5,6 +5,7 @@
 
 #include "HostSession.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -65,6 +66,13 @@ TEST_P(RecordedValues, WaitOnlyWhereTheyDiffer) {
         });
         EXPECT_TRUE(differs) << row.what << " " << row.subject << " no longer needs to wait: " << row.reason;
     }
+}
+
+TEST(RealScene, TellsWhichNodesThatMoveThingsAreNotEvaluated) {
+    HostSession session;
+    ASSERT_TRUE(session.melRuns("file -f -o \"" TVK_SCENES "/euler-flip-ik/UsdExportEulerFilterTest.ma\""));
+    EXPECT_THAT(session.warnings, testing::Contains("node type 'parentConstraint' is not supported: "
+                                                    "pCube1.pCube1_parentConstraint1 keeps its stored values"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Corpus, RecordedValues, testing::ValuesIn(recordedScenes()), testName);
