@@ -59,7 +59,7 @@ TEST(FlagSyntax, namesWhatIsWrong) {
 }
 
 TEST(FlagSyntax, takesShortAndLongNamesInAnyOrder) {
-    const FlagSyntax::Result result = parse("cmd a -force b -r 3 \"2.5\" -visible off c -s \"p\" -stringArg q");
+    const FlagSyntax::Result result = parse(R"(cmd a -force b -r 3 "2.5" -visible off c -s "p" -stringArg q)");
     ASSERT_FALSE(result.error.has_value());
     EXPECT_TRUE(result.flags.has("f"));
     EXPECT_TRUE(result.flags.has("force"));

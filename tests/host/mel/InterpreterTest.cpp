@@ -10,7 +10,7 @@ namespace {
 TEST(Interpreter, endlessScriptsEndAtTheStepLimit) {
     for (std::string_view script :
          {"while(1);", "for(;;){}", "do {} while(1);", "string $s = \"a\"; while(1) $s += $s;",
-          "int $a[]; while(1) $a[size($a)] = 1;", "catch(`eval \"while(1);\"`); print \"on\";",
+          "int $a[]; while(1) $a[size($a)] = 1;", R"(catch(`eval "while(1);"`); print "on";)",
           "while(1) catchQuiet(`noSuch`);", "proc f() { evalDeferred \"f\"; } f;",
           "global proc g() { evalDeferred \"g\"; } g;", "int $a[100000]; while (1) { int $b[] = $a; $b[0] = 1; }"}) {
         SCOPED_TRACE(script);

@@ -98,7 +98,7 @@ TEST(Lexer, aStringWithoutEscapesStaysAViewOfTheText) {
 }
 
 TEST(Lexer, readStringLeavesEverythingElseAlone) {
-    for (std::string_view text : {"word", "( \"a\" \"b\" )", "( )", "( \"a\" + )", "( \"a\"", "", "( \"a\" + b )"}) {
+    for (std::string_view text : {"word", R"(( "a" "b" ))", "( )", "( \"a\" + )", "( \"a\"", "", "( \"a\" + b )"}) {
         SCOPED_TRACE(text);
         Lexer lexer(text);
         std::string_view value = "before";

@@ -41,7 +41,7 @@ TEST(evaluateCalls, arraysArePassedByReference) {
         {"proc add(int $a[]) { $a[size($a)] = 7; } int $n[]; add($n); add $n; size($n);", "int 2"},
         {"proc add(string $a[]) { $a[0] = \"x\"; } proc outer(string $b[]) { add($b); } string $s[]; outer($s); $s;",
          "string[] x\n"},
-        {"proc set(string $a[]) { $a = {\"p\", \"q\"}; } string $s[]; set($s); size($s);", "int 2"},
+        {R"(proc set(string $a[]) { $a = {"p", "q"}; } string $s[]; set($s); size($s);)", "int 2"},
         {"proc set(float $a[]) { $a[0] = 2.5; } int $n[] = {1}; set($n); $n;", "int[] 1\n"},
         {"proc int count(int $a[]) { return size($a); } count({1, 2, 3});", "int 3"},
         {"global int $g[]; proc add(int $a[]) { global int $g[]; $g[0] = 1; $a[1] = 2; } add($g); $g;", "int[] 1\n2\n"},

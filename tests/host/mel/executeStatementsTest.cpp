@@ -10,11 +10,11 @@ TEST(executeStatements, loopsAndBranches) {
         {"if (0) print 1; else if (1) print 2; else print 3;", "2"},
         {"if (1) { if (0) print 1; else print 2; }", "2"},
         {"for ($i = 0; $i < 3; $i++) print $i;", "012"},
-        {"for (int $i = 0, $j = 9; $i < $j; $i += 3, $j--) print ($i + \" \" + $j + \";\");", "0 9;3 8;6 7;"},
+        {R"(for (int $i = 0, $j = 9; $i < $j; $i += 3, $j--) print ($i + " " + $j + ";");)", "0 9;3 8;6 7;"},
         {"int $i; for (;;) { if (++$i > 3) break; print $i; }", "123"},
         {"for ($i = 0; $i < 5; $i++) { if ($i % 2) continue; print $i; }", "024"},
-        {"for ($s in {\"a\", \"b\"}) print $s;", "ab"},
-        {"string $s; for ($s in {\"a\", \"b\"}) if ($s == \"a\") continue; else print $s;", "b"},
+        {R"(for ($s in {"a", "b"}) print $s;)", "ab"},
+        {R"(string $s; for ($s in {"a", "b"}) if ($s == "a") continue; else print $s;)", "b"},
         {"for (string $s in {1, 2}) print ($s + \",\");", "1,2,"},
         {"int $i = 3; while ($i) print ($i--);", "321"},
         {"int $i; do { print $i; } while (++$i < 2);", "01"},
@@ -25,15 +25,15 @@ TEST(executeStatements, loopsAndBranches) {
 
 TEST(executeStatements, switchesFallThrough) {
     const std::string body =
-        ") { case 1: print \"a\"; case 2: print \"b\"; break; default: print \"d\"; case 3: print \"c\"; }";
+        R"() { case 1: print "a"; case 2: print "b"; break; default: print "d"; case 3: print "c"; })";
     const std::vector<std::pair<std::string, std::string>> cases = {{"1", "ab"}, {"2", "b"}, {"3", "c"}, {"4", "dc"}};
     for (const auto& [value, printed] : cases) {
         ScriptRunner runner;
-        EXPECT_EQ(runner.run("switch (" + value + body), "none ");
+        EXPECT_EQ(runner.run(std::string("switch (").append(value).append(body)), "none ");
         EXPECT_EQ(runner.printed, printed) << value;
     }
     expectPrints({
-        {"switch (\"x\") { case \"y\": print 1; break; case \"x\": case \"z\": print 2; }", "2"},
+        {R"(switch ("x") { case "y": print 1; break; case "x": case "z": print 2; })", "2"},
         {"for ($i = 0; $i < 3; $i++) { switch ($i) { case 1: continue; } print $i; }", "02"},
         {"switch (5) { case 1: print 1; }", ""},
     });

@@ -16,7 +16,7 @@ TEST(operators, refuseWhatTheyCannotTake) {
         {"<<1,2,3>> / 0;", "1:11 Division by zero"},
         {"int $x = 5; $x /= 0;", "1:16 Division by zero"},
         {"0 + {1};", "1:3 Cannot use '+' on int and int[]."},
-        {"\"a\" - \"b\";", "1:5 Cannot use '-' on string and string."},
+        {R"("a" - "b";)", "1:5 Cannot use '-' on string and string."},
         {"1 ^ 2;", "1:3 Cannot use '^' on int and int."},
         {"1.5 ^ 2;", "1:5 Cannot use '^' on float and int."},
         {"<<1,2,3>> ^ 2;", "1:11 Cannot use '^' on vector and int."},
@@ -51,10 +51,10 @@ TEST(operators, theWiderTypeWins) {
         {"1 + \"2\";", "string 12"},
         {"\"v\" + <<1,2,3>>;", "string v1 2 3"},
         {"1.5 + \"x\" + 2;", "string 1.5x2"},
-        {"\"b\" > \"a\";", "int 1"},
+        {R"("b" > "a";)", "int 1"},
         {"\"1\" == 1;", "int 1"},
         {"1 == 1.0;", "int 1"},
-        {"\"A\" == \"a\";", "int 0"},
+        {R"("A" == "a";)", "int 0"},
     });
 }
 

@@ -33,7 +33,7 @@ TEST(parseCommands, argumentsKeepTheirForm) {
         {"cmd |a|b.tx \"q\" :time1 f[0:3];", "string command word:|a|b.tx \"q\" word::time1 word:f[0:3]"},
         {"cmd(\"-ea\", 1);", "string call \"-ea\" int:1"},
         {"cmd (1 + 2) name;", "string command int:3 word:name"},
-        {"cmd (\"a\" + \".tx\") 5;", "string command \"a.tx\" int:5"},
+        {R"(cmd ("a" + ".tx") 5;)", "string command \"a.tx\" int:5"},
         {"cmd (1) (2);", "string command int:1 int:2"},
         {"cmd (1) -2;", "string command int:1 int:-2"},
         {"cmd(1) + \"!\";", "string call int:1!"},
@@ -46,9 +46,9 @@ TEST(parseCommands, argumentsKeepTheirForm) {
         {"string $r = `cmd(\"x\")`; $r;", "string call \"x\""},
         {"`cmd (1) on`;", "string command int:1 word:on"},
         {"cmd // nothing\n -a /* none */ 1\n;", "string command flag:-a int:1"},
-        {"cmd .. -af \"a\" \"top\" -5;", "string command word:.. flag:-af \"a\" \"top\" int:-5"},
+        {R"(cmd .. -af "a" "top" -5;)", R"(string command word:.. flag:-af "a" "top" int:-5)"},
         {"cmd 23.976fps a*;", "string command word:23.976fps word:a*"},
-        {"cmd (`cmd (`cmd`) on`);", "string call \"command \"command\" word:on\""},
+        {"cmd (`cmd (`cmd`) on`);", R"(string call "command "command" word:on")"},
     };
     for (const ScriptCase& row : cases) {
         SCOPED_TRACE(row.script);

@@ -35,7 +35,7 @@ TEST(parseExpressions, literals) {
         {".5;", "float 0.5"},
         {"99999999999999999999;", "int 9223372036854775807"},
         {"0 + true + on + yes + false + off + no;", "int 3"},
-        {"\"a\\tb\\\"\\\\\";", "string a\tb\"\\"},
+        {R"("a\tb\"\\";)", "string a\tb\"\\"},
         {"<<1, 2.5, -3>>;", "vector 1 2.5 -3"},
         {"<<1,2;3,4>>;", "matrix 1 2\n3 4\n"},
         {"({1, 2});", "int[] 1\n2\n"},

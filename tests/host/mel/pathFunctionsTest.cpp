@@ -7,9 +7,9 @@ namespace {
 
 TEST(pathFunctions, takePathsApart) {
     expectResults({
-        {"basename(\"/a/b/file.mel\", \".mel\");", "string file"},
-        {"basename(\"file.mel\", \".ma\");", "string file.mel"},
-        {"basename(\"/a/b/\", \"\");", "string "},
+        {R"(basename("/a/b/file.mel", ".mel");)", "string file"},
+        {R"(basename("file.mel", ".ma");)", "string file.mel"},
+        {R"(basename("/a/b/", "");)", "string "},
         {"basenameEx(\"/a.b/file.tar.gz\");", "string file.tar"},
         {"basenameEx(\"/a.b/file\");", "string file"},
         {"dirname(\"/a/b/file.mel\");", "string /a/b"},

@@ -10,7 +10,7 @@ namespace {
 TEST(scriptFunctions, errorEndsTheScriptWithItsText) {
     expectResults({
         {"error \"went wrong\"; print 1;", "1:1 went wrong"},
-        {"error -n -sl true (\"a\" + \"b\");", "1:1 ab"},
+        {R"(error -n -sl true ("a" + "b");)", "1:1 ab"},
         {"error -zz \"a\";", "1:1 Invalid flag '-zz'"},
         {"error -n;", "1:1 Wrong number of arguments on call to error."},
     });
@@ -28,13 +28,13 @@ TEST(scriptFunctions, messagesGoToTheirSinks) {
 TEST(scriptFunctions, evalRunsAtTheOutermostLevel) {
     expectResults({
         {"eval(\"1 + 1\");", "int 2"},
-        {"eval \"int $made = 3\"; eval(\"$made + 1\");", "int 4"},
-        {"proc f() { eval(\"$fromEval = 5\"); } f; eval(\"$fromEval\");", "int 5"},
+        {R"(eval "int $made = 3"; eval("$made + 1");)", "int 4"},
+        {R"(proc f() { eval("$fromEval = 5"); } f; eval("$fromEval");)", "int 5"},
         {"proc int f() { int $local = 1; return eval(\"$local\"); } f;", "1:1 \"$local\" is an undeclared variable."},
-        {"string $cb = \"size\"; eval($cb + \" \\\"a b\\\"\");", "int 3"},
-        {"eval \"size\" \"abc\";", "int 3"},
+        {R"(string $cb = "size"; eval($cb + " \"a b\"");)", "int 3"},
+        {R"(eval "size" "abc";)", "int 3"},
         {"eval(\"print (\");", "1:8 Syntax error: expected an expression, found end of text"},
-        {"eval(\"\\n\\n noSuch\");", "3:2 Cannot find procedure \"noSuch\"."},
+        {R"(eval("\n\n noSuch");)", "3:2 Cannot find procedure \"noSuch\"."},
     });
 }
 
@@ -53,9 +53,9 @@ TEST(scriptFunctions, existsAndWhatIsSeeLocalProcedures) {
 TEST(scriptFunctions, theEnvironmentCanBeReadAndCovered) {
     expectResults({
         {"getenv \"MEL_TEST_ABSENT\";", "string "},
-        {"putenv \"MEL_TEST_A\" \"one two\"; getenv(\"MEL_TEST_A\");", "string one two"},
+        {R"(putenv "MEL_TEST_A" "one two"; getenv("MEL_TEST_A");)", "string one two"},
         {"putenv PATH \"\"; getenv PATH;", "string "},
-        {"putenv MEL_TEST_B x; stringArrayContains(\"MEL_TEST_B\", env()) + stringArrayContains(\"PATH\", `env`);",
+        {R"(putenv MEL_TEST_B x; stringArrayContains("MEL_TEST_B", env()) + stringArrayContains("PATH", `env`);)",
          "int 2"},
     });
     EXPECT_EQ(ScriptRunner().run("getenv PATH;"), std::string("string ") + std::getenv("PATH"));
