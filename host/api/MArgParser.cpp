@@ -6,6 +6,8 @@
 #include "host/api/commandSyntax.h"
 #include "host/api/statusResult.h"
 
+#include <maya/MGlobal.h>
+
 #include <algorithm>
 
 using host::ApiAccess;
@@ -21,9 +23,12 @@ std::string nameOf(const char* flag) {
 
 /// The names of what is selected, for a command that takes the selection when no objects were given.
 void takeSelection(ParsedArguments& parsed) {
-    const host::Scene& scene = host::Host::instance().scene();
-    for (const host::SelectionItem& item : host::Host::instance().scene().selection().items()) {
-        parsed.objects.emplace_back(scene.itemName(item, false).c_str());
+    MSelectionList selection;
+    MStringArray names;
+    MGlobal::getActiveSelectionList(selection);
+    selection.getSelectionStrings(names);
+    for (unsigned int i = 0; i < names.length(); ++i) {
+        parsed.objects.push_back(names[i]);
     }
 }
 

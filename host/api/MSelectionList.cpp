@@ -6,6 +6,7 @@
 #include "host/api/statusResult.h"
 
 #include <algorithm>
+#include <utility>
 
 using host::ApiAccess;
 using host::fail;
@@ -187,17 +188,15 @@ MStatus MSelectionList::getSelectionStrings(unsigned int index, MStringArray& st
     if (items.empty()) {
         return MStatus::kFailure;
     }
-    const host::Scene& scene = Host::instance().scene();
     SelectionItem item = items.front();
-    // The name of an entry is one text per run of components, as scripts list them.
     const std::vector<std::string> components = std::move(item.components);
     item.components.clear();
+    const std::string name = Host::instance().scene().itemName(item, false);
     if (components.empty()) {
-        return strings.append(scene.itemName(item, false).c_str());
+        return strings.append(name.c_str());
     }
     for (const std::string& component : components) {
-        item.components = {component};
-        strings.append(scene.itemName(item, false).c_str());
+        strings.append((name + "." + component).c_str());
     }
     return MStatus::kSuccess;
 }
