@@ -149,7 +149,7 @@ bool hasShear(const NodeRecord& node, const MFnTransform& transform) {
     const Vector3 shear = standsApart(node.path.node()) ? partsFromWorlds(node, node.own.rotate).shear
                                                         : Vector3{read[0], read[1], read[2]};
     return std::any_of(shear.begin(), shear.end(),
-                       [](double part) { return !(part > -kLargestIgnoredShear && part < kLargestIgnoredShear); });
+                       [](double part) { return !(std::abs(part) <= kLargestIgnoredShear); });
 }
 
 void readPivotOffset(NodeRecord& node, const MFnTransform& transform) {

@@ -7,6 +7,20 @@
 #include <type_traits>
 
 namespace tvk {
+namespace {
+
+// The nearest value that the type holds: beyond its range the conversion alone would be undefined.
+template <typename T>
+T narrowed(double value) {
+    if constexpr (std::is_same_v<T, double>) {
+        return value;
+    } else {
+        constexpr double kLargest = std::numeric_limits<T>::max();
+        return static_cast<T>(std::clamp(value, -kLargest, kLargest));
+    }
+}
+
+} // namespace
 
 const OptionRow* findOption(std::string_view key) {
     const auto* const found =
@@ -26,9 +40,7 @@ void storeOption(const OptionRow& row, std::string_view value, ExportOptions& op
                 const double number = std::clamp(static_cast<double>(parseInteger(value)), row.lowest, row.highest);
                 options.*field = static_cast<int32_t>(number);
             } else {
-                constexpr double kLargest = std::numeric_limits<Type>::max();
-                const double number = std::clamp(parseReal(value), row.lowest, row.highest);
-                options.*field = static_cast<Type>(std::clamp(number, -kLargest, kLargest));
+                options.*field = narrowed<Type>(std::clamp(parseReal(value), row.lowest, row.highest));
             }
         },
         row.field);

@@ -22,10 +22,6 @@
 namespace tvk {
 namespace {
 
-// Instances of instances multiply: a few dozen nodes can stand for more paths than any memory holds. The console's own
-// limit lies far below.
-constexpr std::size_t kNodeLimit = 1000000;
-
 // Transforms that steer others or the interface and are nothing on the console.
 constexpr std::array<MFn::Type, 6> kSteeringTypes{
     MFn::kConstraint, MFn::kIkHandle, MFn::kIkEffector, MFn::kLookAt, MFn::kManipulator3D, MFn::kUnderWorld,
@@ -50,7 +46,7 @@ struct Visit {
 
 class Walk {
 public:
-    explicit Walk(std::vector<std::unique_ptr<NodeRecord>>& records) : list(records) {}
+    Walk(std::vector<std::unique_ptr<NodeRecord>>& records, std::size_t most) : list(records), limit(most) {}
 
     MStatus from(const MDagPath& top) {
         MStatus status = enter(top, nullptr);
@@ -94,8 +90,8 @@ private:
         if (!isNodeEffective(node)) {
             return MS::kSuccess;
         }
-        if (list.size() == kNodeLimit) {
-            say(kTooManyNodes, "more than " + integerText(static_cast<int64_t>(kNodeLimit)).str());
+        if (list.size() == limit) {
+            say(kTooManyNodes, "more than " + integerText(static_cast<int64_t>(limit)).str());
             return MS::kFailure;
         }
         MStatus status;
@@ -146,6 +142,7 @@ private:
     }
 
     std::vector<std::unique_ptr<NodeRecord>>& list;
+    std::size_t limit;
     std::vector<bool> needed; // beside `list`
     std::vector<Visit> stack; // an own stack: the depth of a scene is not bounded by that of the program's
 };
@@ -210,7 +207,7 @@ std::vector<MDagPath> selectedTransforms() {
 
 } // namespace
 
-MStatus walkScene(std::vector<std::unique_ptr<NodeRecord>>& records) {
+MStatus walkScene(std::vector<std::unique_ptr<NodeRecord>>& records, std::size_t limit) {
     const MPxFileTranslator::FileAccessMode mode = run().options.accessMode;
     std::vector<MDagPath> tops;
     if (mode == MPxFileTranslator::kExportAccessMode) {
@@ -221,7 +218,7 @@ MStatus walkScene(std::vector<std::unique_ptr<NodeRecord>>& records) {
         say(kUnrecognizedMode, integerText(static_cast<int64_t>(mode)).view());
         return MS::kFailure;
     }
-    Walk walk(records);
+    Walk walk(records, limit);
     for (const MDagPath& top : tops) {
         const MStatus status = walk.from(top);
         if (!status) {

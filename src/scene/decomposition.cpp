@@ -70,11 +70,12 @@ Vector3 anglesOf(const std::array<Vector3, 3>& axes) {
     return {x * kDegreesPerRadian, y * kDegreesPerRadian, z * kDegreesPerRadian};
 }
 
-// Moves each angle by whole turns next to the hint's.
+// Moves each angle by whole turns next to the hint's. One that lies half a turn from it stays: 180 does not become
+// -180.
 Vector3 turnedTo(const Vector3& angles, const Vector3& hint) {
     Vector3 result{};
     for (std::size_t i = 0; i < 3; ++i) {
-        result[i] = angles[i] + 360.0 * std::round((hint[i] - angles[i]) / 360.0);
+        result[i] = angles[i] + 360.0 * std::nearbyint((hint[i] - angles[i]) / 360.0);
     }
     return result;
 }
