@@ -150,6 +150,8 @@ TEST(NearestAngles, AreTheSameRotationCloseToTheHint) {
         {{10, 20, 30}, {190, 160, 210}, {190, 160, 210}}, // the other triple of the same rotation
         {{0, 0, 0}, {0, 0, 720}, {0, 0, 720}},
         {{-170, 0, 0}, {180, 0, 0}, {190, 0, 0}},
+        {{0, 0, 180}, {0, 0, 0}, {0, 0, 180}}, // half a turn either way
+        {{0, 0, -180}, {0, 0, 0}, {0, 0, -180}},
     };
     for (const Case& c : cases) {
         expectNear(nearestAngles(c.angles, c.hint), c.expected, 1e-12);

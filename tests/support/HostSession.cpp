@@ -33,7 +33,7 @@ HostSession::HostSession() : oldBuffer(std::cerr.rdbuf(standardError.rdbuf())) {
                             [this](const std::string& line) { errors.push_back(line); }, [](const std::string&) {}};
     theHost().feedbackLine().onChange = [this] {
         const std::string text = theHost().feedbackLine().text();
-        if (theHost().feedbackLine().shown() && (progress.empty() || progress.back() != text)) {
+        if (theHost().feedbackLine().shown() && !text.empty() && (progress.empty() || progress.back() != text)) {
             progress.push_back(text);
         }
     };
