@@ -54,7 +54,7 @@ struct StatementContext {
     /// The type of the last typed value of an attribute that takes any: later chunks of an array do not repeat it.
     Plug typedPlug;
     std::string typedAs;
-    /// Faces of a mesh in the middle of their chunks.
+    /// Faces of a mesh in the middle of their chunks, and the array that holds them (all at its element 0).
     Plug facesPlug;
     std::unique_ptr<PolyFacesBuilder> faces;
     /// Stores the faces gathered so far. To be called before anything may read them.

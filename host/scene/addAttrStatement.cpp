@@ -287,6 +287,9 @@ Outcome addTo(StatementContext& context, Node& node, const NewAttribute& wanted)
         return context.isLoading ? Outcome::done()
                                  : Outcome::skipped(messages::kAttributeExists, {node.name(), attribute.longName});
     }
+    if (context.isLoading && node.findAttribute(attribute.shortName) != kNoAttr) {
+        attribute.shortName = attribute.longName; // taken by what the node's type has here
+    }
     if (!wanted.parent.empty()) {
         attribute.parent = node.findAttribute(wanted.parent);
         if (attribute.parent == kNoAttr) {
