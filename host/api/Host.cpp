@@ -1,6 +1,7 @@
 #include "host/api/Host.h"
 
 #include "host/api/fileExport.h"
+#include "host/api/filePaths.h"
 #include "host/api/pluginCommands.h"
 #include "host/api/uiUnitNames.h"
 #include "host/scene/sceneCommands.h"
@@ -26,6 +27,7 @@ void Host::connect() {
     registerPluginCommands(interpreter_->commands(), *this);
     scene_->onWarning = [this](const std::string& text) { warning(text); };
     scene_->exportHandler = [this](const ExportRequest& request) { return exportFile(*this, request); };
+    interpreter_->setScriptLoader(mel::folderScriptLoader([] { return searchPath("MAYA_SCRIPT_PATH"); }));
     mel::MessageSinks& sinks = interpreter_->sinks();
     sinks.info = [this](const std::string& text) { info(text); };
     sinks.warning = [this](const std::string& text) { warning(text); };

@@ -7,10 +7,8 @@
 #include <maya/MTypes.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
-#include <sstream>
 #include <system_error>
 #include <utility>
 
@@ -47,11 +45,8 @@ std::optional<std::string> findLibrary(const std::string& nameOrPath) {
     if (!splitPath(nameOrPath).folder.empty()) {
         return findFile(absolutePath(nameOrPath));
     }
-    const char* folders = std::getenv("MAYA_PLUG_IN_PATH");
-    std::istringstream list(folders != nullptr ? folders : "");
-    for (std::string folder; std::getline(list, folder, SharedLibrary::pathSeparator());) {
-        const auto found = folder.empty() ? std::nullopt : findFile(absolutePath(withSeparator(folder) + nameOrPath));
-        if (found) {
+    for (const std::string& folder : searchPath("MAYA_PLUG_IN_PATH")) {
+        if (const auto found = findFile(absolutePath(folder + nameOrPath))) {
             return found;
         }
     }

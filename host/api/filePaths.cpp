@@ -1,11 +1,13 @@
 #include "host/api/filePaths.h"
 
 #include "host/api/Host.h"
+#include "host/api/SharedLibrary.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <filesystem>
+#include <sstream>
 
 namespace host {
 
@@ -86,6 +88,18 @@ std::string expandPath(const std::string& path) {
         at += variable.length;
     }
     return result;
+}
+
+std::vector<std::string> searchPath(const char* variable) {
+    const char* value = std::getenv(variable);
+    std::istringstream list(value != nullptr ? value : "");
+    std::vector<std::string> folders;
+    for (std::string folder; std::getline(list, folder, SharedLibrary::pathSeparator());) {
+        if (!folder.empty()) {
+            folders.push_back(withSeparator(folder));
+        }
+    }
+    return folders;
 }
 
 } // namespace host

@@ -15,6 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+/// A scene may come with a selection of its own.
 bool selectNodes(Host& host, Console& console, const std::vector<std::string>& nodes) {
     if (!runMel(host, console, "select -cl")) {
         return false;
@@ -54,17 +55,15 @@ std::string shownPath(const std::string& path) {
 } // namespace
 
 int exportScene(Host& host, Console& console, const CommandLine& commandLine) {
-    if (!prepareHost(host, console, commandLine)) {
-        return kFailed;
-    }
-    if (!commandLine.nodes.empty() && !selectNodes(host, console, commandLine.nodes)) {
-        return kFailed;
-    }
+    // Large scenes take their time, so what is wrong with the output is told first.
     const std::string base = withoutKind(outputBase(commandLine.output, commandLine.scene));
     OutputFolder folder(fs::u8path(base).parent_path().generic_u8string() + "/");
-    const std::string folderProblem = folder.prepare();
-    if (!folderProblem.empty()) {
-        console.error(folderProblem);
+    const std::string problem = folder.prepare();
+    if (!problem.empty()) {
+        console.error(problem);
+        return kFailed;
+    }
+    if (!prepareHost(host, console, commandLine) || !selectNodes(host, console, commandLine.nodes)) {
         return kFailed;
     }
     const OutputFiles files(base);

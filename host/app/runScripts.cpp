@@ -4,8 +4,10 @@
 #include "host/app/prepareHost.h"
 #include "host/mel/FlagSyntax.h"
 
+#include <filesystem>
 #include <memory>
 #include <optional>
+#include <system_error>
 
 namespace host::app {
 
@@ -32,6 +34,12 @@ ExitCode addQuit(mel::Interpreter& interpreter) {
     return exitCode;
 }
 
+/// The file as seen from the current folder, which the search path of scripts does not hold.
+std::string scriptPath(const std::string& script) {
+    std::error_code error;
+    return std::filesystem::absolute(std::filesystem::u8path(script), error).generic_u8string();
+}
+
 bool isDone(Console& console, const mel::EvalResult& result, const ExitCode& exitCode) {
     if (!result.ok() && !exitCode->has_value()) {
         console.error(result.error->describe());
@@ -47,7 +55,8 @@ int runScripts(Host& host, Console& console, const CommandLine& commandLine) {
     }
     mel::Interpreter& interpreter = host.interpreter();
     const ExitCode exitCode = addQuit(interpreter);
-    bool done = commandLine.script.empty() || isDone(console, interpreter.source(commandLine.script), exitCode);
+    bool done =
+        commandLine.script.empty() || isDone(console, interpreter.source(scriptPath(commandLine.script)), exitCode);
     done = done && (commandLine.command.empty() || isDone(console, interpreter.eval(commandLine.command), exitCode));
     interpreter.setStepHook(nullptr);
     if (exitCode->has_value()) {

@@ -1,6 +1,7 @@
 #include <maya/MFileIO.h>
 
 #include "HostTest.h"
+#include "TemporaryFolder.h"
 
 #include <filesystem>
 #include <fstream>
@@ -20,7 +21,8 @@ TEST_F(MFileIOTest, aSceneWithoutAFileIsUntitled) {
 }
 
 TEST_F(MFileIOTest, scenesAreOpenedAndLeft) {
-    const std::string path = testing::TempDir() + "MFileIOTest \"quoted\".ma";
+    const tvk::TemporaryFolder folder;
+    const std::string path = folder.path("some \"quoted\".ma");
     std::ofstream(path) << "//Maya ASCII 2020 scene\nrequires maya \"2020\";\ncreateNode transform -n \"fromFile\";\n";
     EXPECT_EQ(MFileIO::open(path.c_str(), nullptr, true), MStatus::kSuccess);
     EXPECT_EQ(MFileIO::currentFile(), path.c_str());

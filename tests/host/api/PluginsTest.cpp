@@ -1,11 +1,10 @@
 #include "host/api/Plugins.h"
 
 #include "HostTest.h"
+#include "TemporaryFolder.h"
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <iterator>
 
 namespace host {
 namespace {
@@ -57,11 +56,11 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& suite) { return std::string(suite.param.path); });
 
 TEST_F(PluginsTest, aFileThatIsNoLibraryIsRefused) {
-    const std::string path = testing::TempDir() + "noLibrary" + kSuffix;
+    const tvk::TemporaryFolder folder;
+    const std::string path = folder.path("noLibrary" + kSuffix);
     std::ofstream(path) << "just text";
     const PluginResult result = plugins.load(path);
     EXPECT_THAT(result.error, testing::StartsWith("Plug-in, \"" + path + "\", cannot be loaded: "));
-    std::filesystem::remove(path);
 }
 
 TEST_F(PluginsTest, aMissingFileIsRefused) {

@@ -1,6 +1,7 @@
 #include "host/api/fileExport.h"
 
 #include "HostTest.h"
+#include "TemporaryFolder.h"
 
 #include <filesystem>
 #include <fstream>
@@ -18,21 +19,16 @@ const std::string kRecorder = std::string(HOST_TEST_PLUGINS) + "/recorder" + std
 
 class FileExportTest : public HostTest {
 protected:
-    FileExportTest() {
-        std::filesystem::create_directory(folder);
-        run("loadPlugin \"" + kRecorder + "\"");
-    }
-    ~FileExportTest() override {
-        run("unloadPlugin recorder");
-        std::filesystem::remove_all(folder);
-    }
+    FileExportTest() { run("loadPlugin \"" + kRecorder + "\""); }
+    ~FileExportTest() override { run("unloadPlugin recorder"); }
 
     static std::string contents(const std::string& path) {
         std::ifstream stream(path);
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
-    const std::string folder = std::filesystem::path(testing::TempDir() + "fileExportTest").generic_u8string();
+    const tvk::TemporaryFolder temporary;
+    const std::string folder = temporary.path();
 };
 
 struct WrongExport {
