@@ -58,11 +58,11 @@ void StatementContext::finishFaces() {
 
 bool StatementContext::passUnknownFlag(ArgumentStream& arguments, std::string_view flag, std::string_view command,
                                        Outcome& outcome) {
-    outcome = Outcome::skipped(messages::kUnknownFlag, {flag, command});
     if (!isLoading) {
+        outcome = Outcome::skipped(messages::kInvalidFlag, {flag});
         return false;
     }
-    warn(outcome.text);
+    warn(messages::text(messages::kUnknownFlag, {flag, command}));
     outcome = Outcome::done();
     bool switched = false;
     double number = 0.0;

@@ -35,13 +35,14 @@ constexpr std::string_view kExpected = "expected %1, found %2";
 constexpr std::string_view kUnknownCommand = "unknown command '%1' is skipped";
 constexpr std::string_view kForbiddenCommand = "command '%1' is not run from a scene file";
 constexpr std::string_view kUnknownFlag = "unknown flag '-%1' of command '%2' is skipped";
+constexpr std::string_view kInvalidFlag = "Invalid flag '-%1'"; // of a command
 constexpr std::string_view kUnknownNodeType =
     "unknown node type '%1': its nodes keep their names and place, but do nothing";
 constexpr std::string_view kUnknownAttribute = "unknown attribute '%1' of node type '%2' is skipped";
 constexpr std::string_view kUnknownValueType = "unknown value type '%1' is skipped: %2";
 constexpr std::string_view kScriptNode = "script node '%1' is not run";
 constexpr std::string_view kReference = "file references are not loaded in this version: %1";
-constexpr std::string_view kUnknownUnit = "unknown unit '%1' is skipped";
+constexpr std::string_view kUnknownUnit = "unknown unit '%1'";
 constexpr std::string_view kUnknownCodeset = "codeset '%1' is not known; text beyond ASCII is kept as it is";
 constexpr std::string_view kBrokenText = "text that is not valid in codeset '%1' was replaced by '?'";
 constexpr std::string_view kNoCurrentNode = "no current node to set '%1' on";

@@ -35,6 +35,11 @@ constexpr StatementFlag kRangeFlags[] = {
     {"e", "edit", FlagValue::kNone, kOtherText},
 };
 
+constexpr StatementFlag kTimeFlags[] = {
+    {"e", "edit", FlagValue::kNone, 0},
+    {"u", "update", FlagValue::kBoolean, 0},
+};
+
 enum FileFlag : int { kReference, kDeclaration, kOtherFileText, kOtherFileNumber, kOtherFileSwitch };
 
 constexpr StatementFlag kFileFlags[] = {
@@ -148,7 +153,12 @@ Outcome playbackOptionsStatement(StatementContext& context, ArgumentStream& argu
 }
 
 Outcome currentTimeStatement(StatementContext& context, ArgumentStream& arguments) {
+    static const StatementFlags flags("currentTime", kTimeFlags);
     double frame = 0.0;
+    Outcome outcome = flags.take(context, arguments, [](const FlagUse&) {});
+    if (!outcome.ok()) {
+        return outcome;
+    }
     if (!arguments.takeNumber(frame)) {
         return Outcome::broken(arguments, "a time");
     }
