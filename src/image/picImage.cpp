@@ -206,8 +206,7 @@ ImageResult readPicHeader(Bytes head, PicHeader& header, ImageRecord& record) {
 
 ImageResult readPicPixels(Bytes file, const PicHeader& header, ImageRecord& record) {
     if (record.width > kLargestImageSide || record.height > kLargestImageSide || !header.isComplete ||
-        !std::all_of(header.packets.begin(), header.packets.end(), isReadable) ||
-        !fileCanHold(file, header, record)) {
+        !std::all_of(header.packets.begin(), header.packets.end(), isReadable) || !fileCanHold(file, header, record)) {
         return failed(record);
     }
     record.pixels.assign(size_t{record.width} * record.height * 4, 0);
