@@ -53,7 +53,9 @@ bool writeVector(Node& node, const char* compound, const MVector& value) {
 MEulerRotation::RotationOrder readRotateOrder(Node& node) {
     const AttrIndex attr = node.findAttribute("rotateOrder");
     const double order = attr == kNoAttr ? 0.0 : Host::instance().graph().number({&node, PlugAddress{attr, 0, {}}});
-    const bool isKnown = order >= MEulerRotation::kXYZ && order <= MEulerRotation::kZYX;
+    constexpr int kFirst = MEulerRotation::kXYZ;
+    constexpr int kLast = MEulerRotation::kZYX;
+    const bool isKnown = order >= kFirst && order <= kLast;
     return isKnown ? static_cast<MEulerRotation::RotationOrder>(static_cast<int>(order)) : MEulerRotation::kXYZ;
 }
 
