@@ -72,7 +72,7 @@ private:
     // Handles the next child of the innermost transform, or leaves it.
     MStatus step() {
         Visit& top = stack.back();
-        if (top.nextChild == top.path.childCount()) {
+        if (top.nextChild >= top.path.childCount()) {
             leave();
             return MS::kSuccess;
         }
@@ -86,26 +86,23 @@ private:
     }
 
     MStatus enter(const MDagPath& path, NodeRecord* parent) {
-        MObject node = path.node();
-        if (!isNodeEffective(node)) {
+        if (!isNodeEffective(path.node())) {
             return MS::kSuccess;
         }
         if (list.size() == limit) {
             say(kTooManyNodes, "more than " + integerText(static_cast<int64_t>(limit)).str());
             return MS::kFailure;
         }
-        MStatus status;
-        const MFnDagNode function(path, &status);
+        std::string name;
+        const MStatus status = readNodeName(path, name);
         if (!status) {
-            say(kAttachingDagNode);
-            say(kInvalidNode, textOf(path.partialPathName()));
             return status;
         }
         const NodeShapes shapes = readNodeShapes(path);
         if (!shapes.status) {
             return shapes.status;
         }
-        list.push_back(makeRecord(path, textOf(function.name()), shapes, parent));
+        list.push_back(makeRecord(path, std::move(name), shapes, parent));
         needed.push_back(standsForItself(*list.back(), shapes));
         stack.push_back({path, list.size() - 1});
         return MS::kSuccess;
@@ -206,6 +203,18 @@ std::vector<MDagPath> selectedTransforms() {
 }
 
 } // namespace
+
+MStatus readNodeName(const MDagPath& path, std::string& name) {
+    MStatus status;
+    const MFnDagNode function(path, &status);
+    if (!status) {
+        say(kAttachingDagNode);
+        say(kInvalidNode, textOf(path.partialPathName()));
+        return status;
+    }
+    name = textOf(function.name());
+    return MS::kSuccess;
+}
 
 MStatus walkScene(std::vector<std::unique_ptr<NodeRecord>>& records, std::size_t limit) {
     const MPxFileTranslator::FileAccessMode mode = run().options.accessMode;

@@ -2,13 +2,18 @@
 
 #include "scene/NodeRecord.h"
 
+#include <maya/MDagPath.h>
 #include <maya/MStatus.h>
 
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace tvk {
+
+/// The node's own name, namespace included. Fails, with two messages, when there is no DAG node to read at the path.
+MStatus readNodeName(const MDagPath& path, std::string& name);
 
 /// Instances of instances multiply: a few dozen nodes can stand for more paths than any memory holds. The console's own
 /// limit lies far below.

@@ -193,6 +193,7 @@ TEST_F(OutputFile, ReplacesWhatWasThere) {
                 testing::StartsWith("<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n\n<imd version=\"1.6.0\">\n"));
     EXPECT_THAT(text, testing::EndsWith("\n</imd>\n"));
     EXPECT_EQ(text.find('x', 2000), std::string::npos);
+    EXPECT_EQ(text.find("node_array"), std::string::npos); // no nodes, no element
 }
 
 TEST_F(OutputFile, TellsTheFeedbackLine) {

@@ -3,7 +3,7 @@
 #include "ExportSession.h"
 #include "sceneText.h"
 
-#include "scene/messages.h"
+#include "export/exportMessages.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -60,6 +60,12 @@ TEST_F(NodeTree, AModeThatIsNoExportFails) {
     session.prepareRun("", MPxFileTranslator::kSaveAccessMode);
     EXPECT_FALSE(buildNodeTree());
     EXPECT_EQ(session.takeMessages(), "Error: Unrecognized write mode: 4\n");
+}
+
+// The check behind the synthetic root can only strike when that is broken, so all that can be tested is its text.
+TEST_F(NodeTree, AModelWithTwoRootsWouldBeRefused) {
+    EXPECT_EQ(kSeveralRoots.text, "There is more than one root node");
+    EXPECT_EQ(kSeveralRoots.severity, Severity::kError);
 }
 
 // --- names

@@ -73,6 +73,14 @@ TEST_F(Walk, AModeThatIsNoExportIsRefused) {
     }
 }
 
+TEST_F(Walk, ANodeThatCannotBeReadIsReportedInTwoLines) {
+    session.prepareRun();
+    std::string name = "untouched";
+    EXPECT_FALSE(readNodeName(MDagPath(), name));
+    EXPECT_EQ(session.takeMessages(), "Error: Attaching MFnDagNode\nError: Invalid node: \n");
+    EXPECT_EQ(name, "untouched");
+}
+
 TEST_F(Walk, AMeshNodeWithoutAShapeOfItsOwnEndsTheWalk) {
     walk(nodeText("transform", "a") + meshText("aShapeOrig", "a") + nodeText("transform", "b") +
          meshText("taker", "b") + "connectAttr \"aShapeOrig.w\" \"taker.i\";\n");
