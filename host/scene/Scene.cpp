@@ -153,6 +153,18 @@ SceneResult Scene::read(std::string_view text, const std::string& name) {
 
 // --- nodes
 
+const NodeType& Scene::unknownType(std::string_view name, std::string_view parentType) {
+    constexpr std::size_t kMostTypes = 1000;
+    const std::string shared = "unknown:" + std::string(parentType); // no file can name it
+    for (const std::string_view wanted : {name, std::string_view(shared)}) {
+        if (const NodeType* known = types_->find(wanted)) {
+            return *known;
+        }
+    }
+    const bool isMany = unknownTypes_++ >= kMostTypes;
+    return types_->addUnknown(isMany ? std::string_view(shared) : name, parentType);
+}
+
 Node* Scene::createNode(const NodeType& type, std::string_view name, Node* parent) {
     if (type.dagRole == DagRole::kWorld || (parent != nullptr && parent->type().dagRole == DagRole::kShape)) {
         return nullptr;

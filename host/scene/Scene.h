@@ -8,6 +8,7 @@
 #include "host/scene/Selection.h"
 #include "host/scene/Workspace.h"
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <memory>
@@ -93,6 +94,9 @@ public:
     SceneResult openText(std::string_view text, const std::string& name);
 
     // --- nodes
+    /// The type for a name that no table has, made as a child of `parentType` ("dependNode", "transform" or "shape").
+    /// Every such type costs memory for good, so after the first thousand the others share one per parent type.
+    const NodeType& unknownType(std::string_view name, std::string_view parentType);
     /// Makes a node with the name asked for, or the next free one (see SceneNames::freeName); "" takes the type's name
     /// and a number. DAG nodes come below `parent` (null: the world); a shape without one gets a transform of its own.
     /// Null when the parent is a shape.
@@ -162,6 +166,7 @@ private:
     SceneFile file_;
     PlaybackRange playback_;
     Units units_;
+    std::size_t unknownTypes_ = 0;
 };
 
 } // namespace host

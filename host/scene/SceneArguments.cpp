@@ -18,7 +18,7 @@ bool isFlagWord(std::string_view word) {
     for (const char byte : word.substr(1, 3)) {
         start += static_cast<char>(byte | 32);
     }
-    const bool isWhole = word.size() == 4 || !isLetter(word[4]);
+    const bool isWhole = word.size() <= 4 || !isLetter(word[4]);
     return !(isWhole && (start == kNumbers[0] || start == kNumbers[1])) && word != "-infinity";
 }
 

@@ -267,6 +267,16 @@ Outcome checkNames(NewAttribute& wanted) {
     return Outcome::done();
 }
 
+// Values of compounds are read level by level; no attribute of a real scene lies deeper than a few.
+bool isTooDeep(const Node& node, AttrIndex parent) {
+    constexpr int kDeepest = 32;
+    int depth = 0;
+    for (AttrIndex at = parent; at != kNoAttr && depth <= kDeepest; at = node.attribute(at).parent) {
+        ++depth;
+    }
+    return depth > kDeepest;
+}
+
 void addHiddenNumbers(Node& node, AttrIndex parent, const NewAttribute& wanted) {
     for (int number = 0; number < wanted.hiddenNumbers; ++number) {
         Attribute child;
@@ -295,6 +305,9 @@ Outcome addTo(StatementContext& context, Node& node, const NewAttribute& wanted)
         if (attribute.parent == kNoAttr) {
             return Outcome::skipped(messages::kNoParentAttribute, {wanted.parent, attribute.longName});
         }
+    }
+    if (isTooDeep(node, attribute.parent)) {
+        return Outcome::skipped(messages::kTooManyLevels, {attribute.longName});
     }
     const AttrIndex added = node.addAttribute(std::move(attribute));
     if (added == kNoAttr) {

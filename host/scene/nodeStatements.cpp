@@ -70,10 +70,9 @@ std::string_view guessParentType(const NewNode& wanted) {
 }
 
 const NodeType& typeFor(StatementContext& context, const NewNode& wanted) {
-    NodeTypeRegistry& types = context.scene.types();
-    const NodeType* type = types.find(wanted.type);
+    const NodeType* type = context.scene.types().find(wanted.type);
     if (type == nullptr) {
-        type = &types.addUnknown(wanted.type, guessParentType(wanted));
+        type = &context.scene.unknownType(wanted.type, guessParentType(wanted));
     }
     if (!type->known) {
         context.warn(messages::text(messages::kUnknownNodeType, {wanted.type}));

@@ -64,6 +64,7 @@ constexpr std::string_view kIllegalAttributeName = "attribute name '%1' is not l
 constexpr std::string_view kAttributeExists = "node '%1' has an attribute '%2' already";
 constexpr std::string_view kNoParentAttribute = "no compound attribute '%1' to add '%2' to";
 constexpr std::string_view kUnknownType = "Unknown object type: %1";
+constexpr std::string_view kTooManyLevels = "attribute '%1' would lie in too many compounds";
 constexpr std::string_view kUnknownAttributeType = "unknown attribute type '%1'";
 
 // --- structure

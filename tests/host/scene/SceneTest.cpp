@@ -163,6 +163,19 @@ TEST(SceneNodes, AnInstanceKeepsOneNameEverywhere) {
     EXPECT_EQ(opened.node("|a|x2"), nullptr);
 }
 
+// A type takes far more memory than the statement that names it.
+TEST(SceneNodes, ThousandsOfUnknownTypesShareOne) {
+    Scene scene;
+    const std::size_t before = scene.types().all().size();
+    for (int count = 0; count < 3000; ++count) {
+        const NodeType& type = scene.unknownType("flux" + std::to_string(count), "dependNode");
+        EXPECT_FALSE(type.known);
+    }
+    EXPECT_LT(scene.types().all().size() - before, 1100U);
+    EXPECT_EQ(scene.unknownType("flux7", "dependNode").name(), "flux7");
+    EXPECT_EQ(scene.unknownType("fluxShape", "shape").dagRole, DagRole::kShape);
+}
+
 TEST(SceneItems, NamesStandForNodesComponentsAndPlugs) {
     OpenedScene opened(
         "createNode transform -n \"a\";\ncreateNode mesh -n \"aShape\" -p \"a\";\n\tsetAttr \".io\" yes;\n"

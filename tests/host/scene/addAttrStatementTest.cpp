@@ -150,6 +150,19 @@ TEST(AddAttr, MultiCompound) {
     EXPECT_EQ(opened.number("a.list[3].num"), 9.0);
 }
 
+// A chain of compounds as long as the file would end in as many nested calls.
+TEST(AddAttr, CompoundsWithinCompoundsEndSomewhere) {
+    std::string text = "createNode transform -n \"a\";\naddAttr -ln \"x0\" -at \"compound\" -nc 1;\n";
+    for (int level = 1; level < 100000; ++level) {
+        const std::string name = "x" + std::to_string(level);
+        text += "addAttr -ln \"" + name + "\" -at \"compound\" -nc 1 -p \"x" + std::to_string(level - 1) + "\";\n";
+    }
+    OpenedScene opened(text + "setAttr \".x0\" 1;\n");
+    EXPECT_EQ(opened.result.error, "");
+    ASSERT_FALSE(opened.warnings.empty());
+    EXPECT_EQ(opened.warnings.front(), "s.ma(36): attribute 'x33' would lie in too many compounds");
+}
+
 TEST(AddAttr, NumbersInOneDataTypeKeepTheirValue) {
     OpenedScene opened("createNode transform -n \"a\";\naddAttr -ln \"x\" -dt \"double3\";\n\tsetAttr \".x\" -type "
                        "\"double3\" 1 2 3 ;\n");
