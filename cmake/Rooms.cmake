@@ -37,9 +37,12 @@ endfunction()
 
 # tvk_test(NAME SOURCES a.cpp … DEPENDS rooms…): one GoogleTest program, its cases known to CTest one by one.
 # Values of parameters stay out of the names: they may be addresses, which differ from run to run.
+# Locales come from TVK_LOCALES, so that tests find the foreign ones on every machine.
+set(TVK_LOCALES "${CMAKE_SOURCE_DIR}/build/locales")
 function(tvk_test target)
     cmake_parse_arguments(TEST "" "" "SOURCES;DEPENDS" ${ARGN})
     add_executable(${target} ${TEST_SOURCES})
     target_link_libraries(${target} PRIVATE ${TEST_DEPENDS} tvk_flags GTest::gmock_main)
-    gtest_discover_tests(${target} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+    gtest_discover_tests(${target} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
+        PROPERTIES TIMEOUT 300 ENVIRONMENT "LOCPATH=${TVK_LOCALES}")
 endfunction()

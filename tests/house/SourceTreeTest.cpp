@@ -20,9 +20,9 @@ TEST(SourceTree, ReadsSourcesAndBuildLists) {
     for (const SourceFile& file : readSourceTree("tests/house")) {
         paths.push_back(file.path);
     }
-    EXPECT_THAT(paths,
-                ElementsAre("tests/house/CMakeLists.txt", "tests/house/SourceTree.cpp", "tests/house/SourceTree.h",
-                            "tests/house/SourceTreeTest.cpp", "tests/house/houseRulesTest.cpp"));
+    EXPECT_THAT(paths, ElementsAre("tests/house/CMakeLists.txt", "tests/house/SourceTree.cpp",
+                                   "tests/house/SourceTree.h", "tests/house/SourceTreeTest.cpp",
+                                   "tests/house/houseRulesTest.cpp", "tests/house/localesTest.cpp"));
 }
 
 TEST(SourceTree, LongFileIsFoundFromTheFirstLineTooMany) {
