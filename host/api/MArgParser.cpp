@@ -95,7 +95,8 @@ MStatus MArgParser::getObjects(MStringArray& objects) const {
     return MStatus::kSuccess;
 }
 
-// What has one form per type of value.
+// What has one form per type of value. NOLINTBEGIN(readability-identifier-naming,bugprone-macro-parentheses): they are
+// members of this class, and types cannot stand in parentheses.
 #define HOST_FLAG_FORMS(type)                                                                                          \
     MStatus MArgParser::getFlagArgument(const char* flag, unsigned int index, type& result) const {                    \
         return host::takeFlagArgument(*parsed_, flag, index, result);                                                  \
@@ -136,3 +137,4 @@ HOST_RESULT_FORMS(MString, flagArgumentString)
 #undef HOST_FLAG_FORMS
 #undef HOST_COMMAND_FORMS
 #undef HOST_RESULT_FORMS
+// NOLINTEND(readability-identifier-naming,bugprone-macro-parentheses)

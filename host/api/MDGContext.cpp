@@ -16,9 +16,6 @@ const MDGContext MDGContext::fsNormal;
 
 MDGContext::MDGContext() = default;
 MDGContext::MDGContext(const MTime& when) : normal_(false), time_(when) {}
-MDGContext::MDGContext(const MDGContext& other) = default;
-MDGContext::~MDGContext() = default;
-MDGContext& MDGContext::operator=(const MDGContext& other) = default;
 
 bool MDGContext::isNormal(MStatus* ReturnStatus) const {
     return succeed(ReturnStatus, normal_);

@@ -89,7 +89,6 @@ MFn::Type MFnTransform::type() const {
 }
 
 MTransformationMatrix MFnTransform::transformation(MStatus* ReturnStatus) const {
-    MStatus status;
     MTransformationMatrix matrix;
     double scale[3], shear[3];
     MEulerRotation rotation;
@@ -97,17 +96,17 @@ MTransformationMatrix MFnTransform::transformation(MStatus* ReturnStatus) const 
         getRotation(rotation) != MStatus::kSuccess) {
         return fail<MTransformationMatrix>(ReturnStatus, MStatus::kFailure);
     }
-    constexpr MSpace::Space space = MSpace::kTransform;
+    constexpr MSpace::Space kSpace = MSpace::kTransform;
     const double angles[3] = {rotation.x, rotation.y, rotation.z};
-    matrix.setScale(scale, space);
-    matrix.setShear(shear, space);
+    matrix.setScale(scale, kSpace);
+    matrix.setShear(shear, kSpace);
     matrix.setRotation(angles, rotationOrder());
-    matrix.setRotationOrientation(rotateOrientation(space));
-    matrix.setScalePivot(scalePivot(space), space, false);
-    matrix.setScalePivotTranslation(scalePivotTranslation(space), space);
-    matrix.setRotatePivot(rotatePivot(space), space, false);
-    matrix.setRotatePivotTranslation(rotatePivotTranslation(space), space);
-    matrix.setTranslation(getTranslation(space), space);
+    matrix.setRotationOrientation(rotateOrientation(kSpace));
+    matrix.setScalePivot(scalePivot(kSpace), kSpace, false);
+    matrix.setScalePivotTranslation(scalePivotTranslation(kSpace), kSpace);
+    matrix.setRotatePivot(rotatePivot(kSpace), kSpace, false);
+    matrix.setRotatePivotTranslation(rotatePivotTranslation(kSpace), kSpace);
+    matrix.setTranslation(getTranslation(kSpace), kSpace);
     return succeed(ReturnStatus, matrix);
 }
 

@@ -174,6 +174,7 @@ MStatus MPlug::setLocked(bool locked) {
 }
 
 // The three remaining forms of each type: the value in a context, as a result, and both.
+// NOLINTBEGIN(readability-identifier-naming,bugprone-macro-parentheses): types cannot stand in parentheses
 #define HOST_PLUG_FORMS(type, name)                                                                                    \
     MStatus MPlug::getValue(type& value, const MDGContext& context) const {                                            \
         return getIn(*this, value, context);                                                                           \
@@ -199,3 +200,4 @@ HOST_PLUG_FORMS(MTime, asMTime)
 HOST_PLUG_FORMS(MString, asString)
 
 #undef HOST_PLUG_FORMS
+// NOLINTEND(readability-identifier-naming,bugprone-macro-parentheses)

@@ -191,12 +191,13 @@ MStatus MSelectionList::getSelectionStrings(unsigned int index, MStringArray& st
     SelectionItem item = items.front();
     const std::vector<std::string> components = std::move(item.components);
     item.components.clear();
-    const std::string name = Host::instance().scene().itemName(item, false);
+    std::string name = Host::instance().scene().itemName(item, false);
     if (components.empty()) {
         return strings.append(name.c_str());
     }
+    name += ".";
     for (const std::string& component : components) {
-        strings.append((name + "." + component).c_str());
+        strings.append(MString(name.c_str()) + component.c_str());
     }
     return MStatus::kSuccess;
 }

@@ -2,9 +2,10 @@
 
 #include "host/api/SharedLibrary.h"
 
-// The host is no plug-in: it needs the class only.
+// The host is no plug-in: it needs the class only. NOLINTBEGIN(readability-identifier-naming): the API's own names
 #define MNoPluginEntry
 #define MNoVersionString
+// NOLINTEND(readability-identifier-naming)
 #include <maya/MFnPlugin.h>
 
 #include <string>

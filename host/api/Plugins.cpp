@@ -46,7 +46,7 @@ std::optional<std::string> findLibrary(const std::string& nameOrPath) {
         return findFile(absolutePath(nameOrPath));
     }
     for (const std::string& folder : searchPath("MAYA_PLUG_IN_PATH")) {
-        if (const auto found = findFile(absolutePath(folder + nameOrPath))) {
+        if (auto found = findFile(absolutePath(folder + nameOrPath))) {
             return found;
         }
     }
@@ -114,7 +114,7 @@ PluginResult Plugins::initialise(std::unique_ptr<Plugin> owned) {
     }
     plugin.initialising = false;
     if (error) {
-        const PluginResult result = failure(plugin.name, "cannot be loaded: " + *error);
+        PluginResult result = failure(plugin.name, "cannot be loaded: " + *error);
         removeRegistrations(plugin);
         plugins_.erase(
             std::find_if(plugins_.begin(), plugins_.end(), [&](const auto& p) { return p.get() == &plugin; }));

@@ -4,6 +4,7 @@
 
 #include <maya/MFn.h>
 
+// NOLINTNEXTLINE(readability-identifier-naming): the name that the list asks for
 #define HOST_API_TYPE(name, number) static_assert(MFn::name == (number), "the node tables number " #name " otherwise");
 #include "host/nodes/apiTypes.inc"
 #undef HOST_API_TYPE

@@ -51,7 +51,7 @@ public:
         findMode();
         while (at_ < list_.length()) {
             const std::string text = next();
-            const auto error = isFlagText(text) ? takeFlag(withoutDash(text)) : takeOther(text);
+            auto error = isFlagText(text) ? takeFlag(withoutDash(text)) : takeOther(text);
             if (error) {
                 return error;
             }
@@ -86,7 +86,7 @@ private:
         }
         ParsedArguments::Use use;
         use.flag = row;
-        const auto error = takeValues(name, flag, use);
+        auto error = takeValues(name, flag, use);
         parsed_.uses.push_back(std::move(use));
         return error;
     }
@@ -172,7 +172,7 @@ const ParsedArguments::Use* ParsedArguments::use(const std::string& flag, std::s
 std::optional<std::string> parseArguments(const CommandSyntax& syntax, const MArgList& list, ParsedArguments& parsed) {
     parsed = ParsedArguments();
     parsed.syntax = syntax;
-    const auto error = Parser(list, parsed).parse();
+    auto error = Parser(list, parsed).parse();
     parsed.isValid = !error;
     return error;
 }

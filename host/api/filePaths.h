@@ -23,7 +23,8 @@ std::string absolutePath(const std::string& path);
 /// Environment variables, as $NAME or ${NAME}, and "~" at the front replaced; what is not set stays as it stands.
 std::string expandPath(const std::string& path);
 
-/// The folders of an environment variable that holds a search path, each with a '/' at its end; empty ones are left out.
+/// The folders of an environment variable that holds a search path, each with a '/' at its end; empty ones are left
+/// out.
 std::vector<std::string> searchPath(const char* variable);
 
 } // namespace host

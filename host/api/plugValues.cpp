@@ -187,7 +187,7 @@ MStatus writeObject(const Plug& plug, const MObject& value) {
         return MStatus::kFailure;
     }
     Graph& graph = Host::instance().graph();
-    if (const NumericValue* tuple = std::get_if<NumericValue>(&data->value)) {
+    if (const auto* tuple = std::get_if<NumericValue>(&data->value)) {
         return attribute->kind == AttrKind::kCompound ? writeTuple(plug, attribute->children, *tuple)
                                                       : MStatus(MStatus::kFailure);
     }

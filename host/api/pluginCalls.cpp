@@ -103,7 +103,7 @@ std::optional<std::string> callEntryPoint(Host& host, Plugin& plugin, const char
     }
     const MObject object = ApiAccess::object(ObjectPayload{PluginObject{&plugin}});
     MStatus status;
-    const auto thrown = runPluginCode(host, plugin, [&] { status = entry(object); });
+    auto thrown = runPluginCode(host, plugin, [&] { status = entry(object); });
     ApiAccess::plugin(object)->plugin = nullptr; // a handle that the plug-in kept is good for nothing from here on
     if (thrown) {
         return thrown;

@@ -21,7 +21,7 @@ std::string findExporter(const std::string& named) {
         return named.empty() ? chosen : named;
     }
     for (const char* folder : kFolders) {
-        const std::string path = programFolder() + folder + "tvk_export" + std::string(SharedLibrary::suffix());
+        std::string path = programFolder() + folder + "tvk_export" + std::string(SharedLibrary::suffix());
         std::error_code error;
         if (std::filesystem::is_regular_file(std::filesystem::u8path(path), error)) {
             return path;

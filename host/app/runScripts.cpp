@@ -17,7 +17,7 @@ using ExitCode = std::shared_ptr<std::optional<int>>;
 
 /// Adds `quit [-force] [-exitCode N]`: ends the scripts, and the program with that status.
 ExitCode addQuit(mel::Interpreter& interpreter) {
-    const auto exitCode = std::make_shared<std::optional<int>>();
+    auto exitCode = std::make_shared<std::optional<int>>();
     const auto quit = [exitCode](mel::Interpreter&, const mel::Invocation& call) -> mel::CommandResult {
         static const mel::FlagSyntax syntax(
             {{"f", "force"}, {"ec", "exitCode", {mel::FlagArgument::kInt}}, {"a", "abort"}});

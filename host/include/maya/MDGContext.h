@@ -8,9 +8,6 @@ class MDGContext {
 public:
     MDGContext();
     explicit MDGContext(const MTime& when);
-    MDGContext(const MDGContext& other);
-    ~MDGContext();
-    MDGContext& operator=(const MDGContext& other);
 
     bool isNormal(MStatus* ReturnStatus = nullptr) const;
     /// Fails for the normal context, which has no time of its own.
