@@ -1,6 +1,9 @@
 #pragma once
 
+#include "scene/MaterialRecord.h"
 #include "scene/NodeRecord.h"
+#include "scene/TextureRecord.h"
+#include "scene/TextureSourceRecord.h"
 
 #include <cstdint>
 #include <memory>
@@ -15,9 +18,21 @@ struct SceneData {
     /// The nodes of the files, root first, parents before their children.
     std::vector<NodeRecord*> outputNodes;
 
-    int32_t positionScale = 0;       // exponent: readers multiply vertices by 2^positionScale
-    bool scalingRuleIsMaya = false;  // some output node compensates its parent's scale
-    int32_t materialCount = 0;       // gathered
+    int32_t positionScale = 0;      // exponent: readers multiply vertices by 2^positionScale
+    bool scalingRuleIsMaya = false; // some output node compensates its parent's scale
+
+    // Records are referred to by their place in these lists, in the order in which they were met.
+    std::vector<MaterialRecord> materials;
+    std::vector<TextureRecord> textures;
+    std::vector<TextureSourceRecord> textureSources;
+    std::vector<MaterialTextureRef> textureRefs;
+    std::vector<TexturePatternRecord> texturePatterns;
+    std::vector<PaletteRecord> palettes;
+    // The same in written order, as places in the lists above.
+    std::vector<int32_t> materialOrder;
+    std::vector<int32_t> textureOrder;
+    std::vector<int32_t> paletteOrder;
+    int32_t materialCount = 0;       // requests that found no record
     int32_t outputMaterialCount = 0; // written
 
     // Totals of the model file.
