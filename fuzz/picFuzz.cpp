@@ -1,0 +1,26 @@
+#include "image/picImage.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+// Any bytes as a PIC file: first as a reader of sizes sees it, then with all its pixels.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const tvk::Bytes file{data, size};
+    tvk::ImageRecord image;
+    image.fileSize = size;
+    tvk::PicHeader header;
+    const tvk::ImageResult headerRead = readPicHeader(file.first(tvk::kPicHeaderBytes), header, image);
+    if (!headerRead.ok()) {
+        return 0;
+    }
+    if (image.hasExtension && image.extensionOffset >= size) {
+        std::abort(); // a block behind the end of the file
+    }
+    const bool isRead = readPicPixels(file, header, image).ok();
+    const bool isWhole = image.pixels.size() == std::size_t{image.width} * image.height * 4;
+    if (isRead && !isWhole) {
+        std::abort();
+    }
+    return 0;
+}
