@@ -8,6 +8,7 @@ namespace tvk {
 namespace {
 
 constexpr size_t kLanes = 4;
+constexpr size_t kMostTexels = 96;
 
 uint32_t packed(const uint8_t* rgba) {
     return static_cast<uint32_t>(rgba[0]) << 16U | static_cast<uint32_t>(rgba[1]) << 8U | rgba[2];
@@ -106,44 +107,48 @@ BlockTexels readBlock(const uint8_t* rgba, size_t rowBytes) {
     return block;
 }
 
+// Plain loops over the texels: compilers turn them into vector instructions.
 float paletteError(TexelView texels, const BlockPalette& palette) {
-    const auto& [red, green, blue] = palette.channels;
-    std::array<float, kLanes> sums{};
-    for (size_t i = 0; i < texels.count; i += kLanes) {
-        std::array<float, kLanes> least{};
-        least.fill(std::numeric_limits<float>::max());
-        for (size_t k = 0; k < 4; ++k) {
-            for (size_t lane = 0; lane < kLanes; ++lane) {
-                const float r = texels.channels[0][i + lane] - red[k];
-                const float g = texels.channels[1][i + lane] - green[k];
-                const float b = texels.channels[2][i + lane] - blue[k];
-                const float distance = r * r + g * g + b * b;
-                least[lane] = distance < least[lane] ? distance : least[lane];
-            }
+    std::array<float, kMostTexels> least; // NOLINT: filled as far as it is read
+    const size_t count = std::min(texels.count, kMostTexels);
+    const float *const reds = texels.channels[0], *const greens = texels.channels[1], *const blues = texels.channels[2];
+    for (size_t k = 0; k < 4; ++k) {
+        const float red = palette.channels[0][k], green = palette.channels[1][k], blue = palette.channels[2][k];
+        for (size_t i = 0; i < count; ++i) {
+            const float r = reds[i] - red, g = greens[i] - green, b = blues[i] - blue;
+            const float distance = r * r + g * g + b * b;
+            least[i] = k > 0 && least[i] < distance ? least[i] : distance;
         }
+    }
+    std::array<float, kLanes> sums{};
+    for (size_t i = 0; i < count; i += kLanes) {
         for (size_t lane = 0; lane < kLanes; ++lane) {
-            sums[lane] += least[lane] * texels.weights[i + lane];
+            sums[lane] += least[i + lane] * texels.weights[i + lane];
         }
     }
     return sums[0] + sums[1] + sums[2] + sums[3];
 }
 
 float assignTexels(TexelView texels, const BlockPalette& palette, uint8_t* indices) {
-    const auto& [red, green, blue] = palette.channels;
-    float error = 0;
-    for (size_t i = 0; i < texels.count; ++i) {
-        float least = std::numeric_limits<float>::max();
-        for (size_t k = 0; k < 4; ++k) {
-            const float r = texels.channels[0][i] - red[k];
-            const float g = texels.channels[1][i] - green[k];
-            const float b = texels.channels[2][i] - blue[k];
+    std::array<float, kMostTexels> least;   // NOLINT: both are filled as far as they are read
+    std::array<float, kMostTexels> nearest; // NOLINT
+    const size_t count = std::min(texels.count, kMostTexels);
+    const float *const reds = texels.channels[0], *const greens = texels.channels[1], *const blues = texels.channels[2];
+    for (size_t k = 0; k < 4; ++k) {
+        const float red = palette.channels[0][k], green = palette.channels[1][k], blue = palette.channels[2][k];
+        const auto index = static_cast<float>(k);
+        for (size_t i = 0; i < count; ++i) {
+            const float r = reds[i] - red, g = greens[i] - green, b = blues[i] - blue;
             const float distance = r * r + g * g + b * b;
-            if (distance < least) {
-                least = distance;
-                indices[i] = static_cast<uint8_t>(k);
-            }
+            const bool keeps = k > 0 && least[i] <= distance;
+            least[i] = keeps ? least[i] : distance;
+            nearest[i] = keeps ? nearest[i] : index;
         }
-        error += least * texels.weights[i];
+    }
+    float error = 0;
+    for (size_t i = 0; i < count; ++i) {
+        indices[i] = static_cast<uint8_t>(nearest[i]);
+        error += least[i] * texels.weights[i];
     }
     return error;
 }

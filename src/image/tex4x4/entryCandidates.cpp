@@ -7,7 +7,7 @@
 namespace tvk {
 namespace {
 
-constexpr size_t kBlockNeighbours = 20;
+constexpr size_t kBlockNeighbours = 12;
 constexpr size_t kLikeEntries = 8;
 constexpr size_t kFewEntries = 4;
 

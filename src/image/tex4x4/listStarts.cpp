@@ -9,26 +9,61 @@ namespace {
 
 constexpr float kNothing = std::numeric_limits<float>::max();
 
-// What each colour would be missed by: how much farther its texels would have to go.
-std::vector<float> lossesOf(const ListTask& task, const std::vector<Levels>& levels) {
-    std::vector<float> losses(levels.size());
-    for (size_t i = 0; i < task.distinct; ++i) {
-        size_t nearest = 0;
-        float least = kNothing, second = kNothing;
-        for (size_t k = 0; k < levels.size(); ++k) {
-            float distance = 0;
-            for (size_t c = 0; c < 3; ++c) {
-                const float d = task.texels.channels[c][i] - task.colors.shown(levels[k][c]);
-                distance += d * d;
-            }
-            second = std::min(second, std::max(distance, least));
-            nearest = distance < least ? k : nearest;
-            least = std::min(least, distance);
+// Different colours of the console, and how far each texel lies from them.
+class LevelSet {
+public:
+    explicit LevelSet(const ListTask& listTask) : task(listTask) {
+        for (size_t i = 0; i < task.distinct; ++i) {
+            add(task.levelsOf(i));
         }
-        losses[nearest] += (second - least) * task.texels.weights[i];
     }
-    return losses;
-}
+
+    size_t size() const { return count; }
+    const Levels& operator[](size_t k) const { return levels[k]; }
+
+    void dropLeastMissed() {
+        std::array<float, kBlockTexels> losses{}; // how much farther a colour's texels would have to go
+        for (size_t i = 0; i < task.distinct; ++i) {
+            size_t nearest = 0;
+            float least = kNothing, second = kNothing;
+            for (size_t k = 0; k < count; ++k) {
+                const float distance = distances[i][k];
+                second = std::min(second, std::max(distance, least));
+                nearest = distance < least ? k : nearest;
+                least = std::min(least, distance);
+            }
+            losses[nearest] += second - least;
+        }
+        const auto end = losses.begin() + static_cast<long>(count);
+        const auto gone = static_cast<size_t>(std::min_element(losses.begin(), end) - losses.begin());
+        --count;
+        levels[gone] = levels[count];
+        for (size_t i = 0; i < task.distinct; ++i) {
+            distances[i][gone] = distances[i][count];
+        }
+    }
+
+private:
+    void add(const Levels& color) {
+        const auto end = levels.begin() + static_cast<long>(count);
+        if (std::find(levels.begin(), end, color) != end) {
+            return;
+        }
+        for (size_t i = 0; i < task.distinct; ++i) {
+            for (size_t c = 0; c < 3; ++c) {
+                const float d = task.texels.channels[c][i] - task.colors.shown(color[c]);
+                distances[i][count] += d * d * task.texels.weights[i];
+            }
+        }
+        levels[count] = color;
+        ++count;
+    }
+
+    const ListTask& task;
+    std::array<Levels, kBlockTexels> levels{};
+    std::array<std::array<float, kBlockTexels>, kBlockTexels> distances{}; // weighted, by texel and colour
+    size_t count = 0;
+};
 
 // Heaps of texels, and what joining any two of them costs.
 class Heaps {
@@ -167,16 +202,9 @@ Levels TexelHeap::mean(const Tex4x4Colors& colors) const {
 }
 
 ColorList dropLevels(const ListTask& task) {
-    std::vector<Levels> levels;
-    for (size_t i = 0; i < task.distinct; ++i) {
-        const Levels color = task.levelsOf(i);
-        if (std::find(levels.begin(), levels.end(), color) == levels.end()) {
-            levels.push_back(color);
-        }
-    }
+    LevelSet levels(task);
     while (levels.size() > task.length) {
-        const std::vector<float> losses = lossesOf(task, levels);
-        levels.erase(levels.begin() + (std::min_element(losses.begin(), losses.end()) - losses.begin()));
+        levels.dropLeastMissed();
     }
     ColorList list{};
     for (size_t k = 0; k < task.length; ++k) {

@@ -7,7 +7,7 @@ namespace tvk {
 namespace {
 
 constexpr size_t kLeafPoints = 8;
-constexpr size_t kLeavesPerSearch = 48;
+constexpr size_t kLeavesPerSearch = 16;
 
 float squaredDistance(const Point6& a, const Point6& b) {
     float sum = 0;

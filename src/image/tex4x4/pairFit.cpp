@@ -68,26 +68,62 @@ float placeError(const PlaceSums& place, size_t channel, float value) {
     return (place.weight * value - 2 * place.values[channel]) * value; // and a constant
 }
 
-float levelError(const Tex4x4Colors& colors, const PairSums& sums, size_t channel, int first, int second) {
-    float error = placeError(sums.places[0], channel, colors.shown(first)) +
-                  placeError(sums.places[1], channel, colors.shown(second));
-    for (size_t mix = 0; mix < Tex4x4Colors::kMixes; ++mix) {
-        error += placeError(sums.places[2 + mix], channel, colors.mixed(mix, first, second));
-    }
-    return error;
-}
+// The levels near a guess, and the error of the texels at the end of the pair that they would be.
+struct LevelRange {
+    static constexpr int kTop = Tex4x4Colors::kLevels - 1;
 
-void searchLevels(const Tex4x4Colors& colors, const PairSums& sums, size_t channel, LevelGuess guess, ColorPair& pair) {
-    constexpr int kTop = Tex4x4Colors::kLevels - 1;
-    float least = levelError(colors, sums, channel, pair.first[channel], pair.second[channel]);
-    for (int first = std::max(0, guess.first - kReach); first <= std::min(kTop, guess.first + kReach); ++first) {
-        for (int second = std::max(0, guess.second - kReach); second <= std::min(kTop, guess.second + kReach);
-             ++second) {
-            const float error = levelError(colors, sums, channel, first, second);
+    int lowest, highest;
+    std::array<float, 2 * kReach + 1> errors{};
+
+    LevelRange(const Tex4x4Colors& colors, const PlaceSums& place, size_t channel, int guess)
+        : lowest(std::max(0, guess - kReach)), highest(std::min(kTop, guess + kReach)) {
+        for (int level = lowest; level <= highest; ++level) {
+            errors[static_cast<size_t>(level - lowest)] = placeError(place, channel, colors.shown(level));
+        }
+    }
+    float error(int level) const { return errors[static_cast<size_t>(level - lowest)]; }
+};
+
+// The mixed colours' part of a channel's error. A pair has one mode, or two at the most.
+class MixErrors {
+public:
+    MixErrors(const Tex4x4Colors& tex4x4Colors, const PairSums& pairSums) : colors(tex4x4Colors), sums(pairSums) {
+        for (size_t mix = 0; mix < Tex4x4Colors::kMixes; ++mix) {
+            if (sums.places[2 + mix].weight > 0) {
+                used[count++] = mix;
+            }
+        }
+    }
+    float of(size_t channel, int first, int second) const {
+        float error = 0;
+        for (size_t i = 0; i < count; ++i) {
+            error += placeError(sums.places[2 + used[i]], channel, colors.mixed(used[i], first, second));
+        }
+        return error;
+    }
+
+private:
+    const Tex4x4Colors& colors;
+    const PairSums& sums;
+    std::array<size_t, Tex4x4Colors::kMixes> used{};
+    size_t count = 0;
+};
+
+void searchLevels(const Tex4x4Colors& colors, const PairSums& sums, const MixErrors& mixes, size_t channel,
+                  LevelGuess guess, ColorPair& pair) {
+    uint8_t &bestFirst = pair.first[channel], &bestSecond = pair.second[channel];
+    float least = placeError(sums.places[0], channel, colors.shown(bestFirst)) +
+                  placeError(sums.places[1], channel, colors.shown(bestSecond)) +
+                  mixes.of(channel, bestFirst, bestSecond);
+    const LevelRange firsts(colors, sums.places[0], channel, guess.first);
+    const LevelRange seconds(colors, sums.places[1], channel, guess.second);
+    for (int first = firsts.lowest; first <= firsts.highest; ++first) {
+        for (int second = seconds.lowest; second <= seconds.highest; ++second) {
+            const float error = firsts.error(first) + seconds.error(second) + mixes.of(channel, first, second);
             if (error < least) {
                 least = error;
-                pair.first[channel] = static_cast<uint8_t>(first);
-                pair.second[channel] = static_cast<uint8_t>(second);
+                bestFirst = static_cast<uint8_t>(first);
+                bestSecond = static_cast<uint8_t>(second);
             }
         }
     }
@@ -166,16 +202,27 @@ Levels pointOn(const Tex4x4Colors& colors, const TexelAxis& axis, float along) {
                                 axis.mean[2] + along * axis.direction[2]);
 }
 
+Candidate startAt(const Tex4x4Colors& colors, TexelView texels, const TexelAxis& axis, Tex4x4Mode mode, float stretch) {
+    Candidate candidate;
+    candidate.mode = mode;
+    candidate.pair = {pointOn(colors, axis, axis.lowest * stretch), pointOn(colors, axis, axis.highest * stretch)};
+    alternate(colors, texels, candidate);
+    return candidate;
+}
+
 Candidate fitMode(const Tex4x4Colors& colors, TexelView texels, const TexelAxis& axis, Tex4x4Mode mode) {
+    constexpr float kHopeless = 2; // times the best error: a walk does not make up for that
+    std::array<Candidate, kStretches.size()> candidates;
+    float least = kNothing;
+    for (size_t i = 0; i < candidates.size(); ++i) {
+        candidates[i] = startAt(colors, texels, axis, mode, kStretches[i]);
+        least = std::min(least, candidates[i].error);
+    }
     Candidate best;
-    for (const float stretch : kStretches) {
-        Candidate candidate;
-        candidate.mode = mode;
-        candidate.pair = {pointOn(colors, axis, axis.lowest * stretch), pointOn(colors, axis, axis.highest * stretch)};
-        alternate(colors, texels, candidate);
-        walk(colors, texels, candidate);
-        if (candidate.error < best.error) {
-            best = candidate;
+    for (Candidate& candidate : candidates) {
+        if (candidate.error <= least * kHopeless) {
+            walk(colors, texels, candidate);
+            best = candidate.error < best.error ? candidate : best;
         }
     }
     return best;
@@ -219,11 +266,12 @@ void PairSums::add(size_t place, float weight, float red, float green, float blu
 
 void refitPair(const Tex4x4Colors& colors, const PairSums& sums, ColorPair& pair) {
     const Normals normals(sums);
+    const MixErrors mixes(colors, sums);
     for (size_t channel = 0; channel < 3; ++channel) {
         const LevelGuess now{pair.first[channel], pair.second[channel]};
         const LevelGuess guess =
             normals.isSolvable() ? solved(normals, sums, channel) : guessed(colors, sums, channel, now);
-        searchLevels(colors, sums, channel, guess, pair);
+        searchLevels(colors, sums, mixes, channel, guess, pair);
     }
 }
 
@@ -234,7 +282,7 @@ float pairError(const Tex4x4Colors& colors, TexelView texels, bool hasHoles, con
     return std::min(without, withHoles);
 }
 
-PairFit fitPair(const Tex4x4Colors& colors, TexelView texels, bool hasHoles) {
+PairFit fitPair(const Tex4x4Colors& colors, TexelView texels, bool hasHoles, PairEffort effort) {
     const FewLevels few(colors, texels);
     Candidate best;
     if (few.levels <= 2) {
@@ -249,7 +297,9 @@ PairFit fitPair(const Tex4x4Colors& colors, TexelView texels, bool hasHoles) {
         if (hasHoles && mode == Tex4x4Mode::kPair) {
             continue;
         }
-        const Candidate candidate = fitMode(colors, texels, axis, mode);
+        const Candidate candidate = effort == PairEffort::kQuick
+                                        ? startAt(colors, texels, axis, mode, kStretches.front())
+                                        : fitMode(colors, texels, axis, mode);
         best = candidate.error < best.error ? candidate : best;
     }
     return {best.pair, best.error};

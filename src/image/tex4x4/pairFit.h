@@ -40,9 +40,14 @@ struct PairFit {
 /// The error of texels under a pair in the better of its modes; with holes there is but one.
 float pairError(const Tex4x4Colors& colors, TexelView texels, bool hasHoles, const ColorPair& pair, Tex4x4Mode& mode);
 
-/// A pair that serves texels well: of at most two colours exactly, else near the optimum.
+enum class PairEffort {
+    kQuick,   // from the ends of the axis: finds pairs whose mixes are just the colours that are asked for
+    kThorough // from several starts, with steps of single levels at the end
+};
+
+/// A pair that serves texels well: of at most two colours exactly, else near the optimum when it is thorough.
 ///   texels   weigh something; at most kGroupTexels
-PairFit fitPair(const Tex4x4Colors& colors, TexelView texels, bool hasHoles);
+PairFit fitPair(const Tex4x4Colors& colors, TexelView texels, bool hasHoles, PairEffort effort);
 
 inline constexpr size_t kGroupTexels = 96;
 

@@ -8,13 +8,14 @@ Service serve(const Tex4x4Colors& colors, const PaletteBlock& block, const Palet
         Tex4x4Mode mode{};
         const float error = pairError(colors, block.view(), block.texels.hasHoles, entry.pair(half), mode);
         if (error < best.error) {
-            best = {error, half == 0 ? EntryUse::kFirstPair : EntryUse::kSecondPair};
+            best = {error, half == 0 ? EntryUse::kFirstPair : EntryUse::kSecondPair, mode};
         }
     }
     if (entry.pairs == 2) {
         const size_t length = listLength(block.texels.hasHoles);
         const float error = paletteError(block.view(), colors.listPalette(entry.colors, length));
-        best = error < best.error ? Service{error, EntryUse::kList} : best;
+        const Tex4x4Mode mode = length == 3 ? Tex4x4Mode::kThreeColors : Tex4x4Mode::kFourColors;
+        best = error < best.error ? Service{error, EntryUse::kList, mode} : best;
     }
     return best;
 }

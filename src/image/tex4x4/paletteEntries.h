@@ -25,6 +25,7 @@ struct PaletteBlock {
     TexelView view() const { return texels.colors.view(); }
     /// As often as an error is equal, fewer palette colours are taken.
     bool prefersList() const { return list.error < pair.error; }
+    float leastError() const { return prefersList() ? list.error : pair.error; }
 };
 
 /// Entries that stay together in the palette: one pair, or two that are also a list of four.
@@ -46,6 +47,7 @@ enum class EntryUse : uint8_t { kFirstPair, kSecondPair, kList };
 struct Service {
     float error = kNoService;
     EntryUse use = EntryUse::kFirstPair;
+    Tex4x4Mode mode = Tex4x4Mode::kPair;
 };
 
 /// The least error of a block under an entry that is not given up.

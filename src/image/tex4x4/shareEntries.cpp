@@ -86,7 +86,7 @@ private:
         const auto found = buckets.find(bucketKey(bucket));
         const size_t tries = found == buckets.end() ? 0 : std::min(found->second.size(), kMostTries);
         for (size_t i = 0; i < tries; ++i) {
-            if (errorAt(block, found->second[i]) <= std::min(block.pair.error, block.list.error)) {
+            if (errorAt(block, found->second[i]) <= block.leastError()) {
                 return found->second[i];
             }
         }

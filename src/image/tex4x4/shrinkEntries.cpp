@@ -182,7 +182,7 @@ private:
                         texels.colors.weights[i] * blocks[block].count);
             }
         }
-        fit = fitPair(colors, all.view(), hasHoles);
+        fit = fitPair(colors, all.view(), hasHoles, PairEffort::kQuick);
         return true;
     }
 

@@ -7,7 +7,6 @@
 #include "image/tex4x4/shrinkEntries.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -40,6 +39,11 @@ ImageBlocks readBlocks(const ImageRecord& image) {
     ImageBlocks all;
     std::unordered_map<std::string, uint32_t> known;
     const size_t rowBytes = size_t{image.width} * 4;
+    const size_t blockCount = size_t{image.width} * image.height / kBlockTexels;
+    all.blocks.reserve(blockCount);
+    all.paletteBlocks.reserve(blockCount);
+    all.different.reserve(blockCount);
+    known.reserve(blockCount);
     for (size_t row = 0; row + kBlockSide <= image.height; row += kBlockSide) {
         for (size_t column = 0; column + kBlockSide <= image.width; column += kBlockSide) {
             all.blocks.push_back(readBlock(&image.pixels[row * rowBytes + column * 4], rowBytes));
@@ -60,30 +64,43 @@ ImageBlocks readBlocks(const ImageRecord& image) {
     return all;
 }
 
-void fitBlock(const Tex4x4Colors& colors, bool withLists, PaletteBlock& block) {
+// The sum of squared distances of texels from the nearest colours that palette entries can have.
+float levelError(const Tex4x4Colors& colors, TexelView texels) {
+    float sum = 0;
+    for (size_t i = 0; i < texels.count; ++i) {
+        for (const float* const channel : texels.channels) {
+            const float miss = channel[i] - colors.shown(colors.nearestLevel(channel[i]));
+            sum += texels.weights[i] * miss * miss;
+        }
+    }
+    return sum;
+}
+
+void fitBlock(const Tex4x4Colors& colors, const Tex4x4Options& options, PaletteBlock& block) {
     const bool hasHoles = block.texels.hasHoles;
-    block.pair = fitPair(colors, block.view(), hasHoles);
+    const TexelView texels = block.view();
+    PairEffort effort = PairEffort::kThorough;
+    block.list.error = kNoService;
+    if (options.fourColors && block.texels.colors.count > 2) {
+        block.list = fitList(colors, texels, hasHoles);
+        // The console's mixes are no finer than its colours: nothing serves the block better than that.
+        const bool isBest = options.mixing == Tex4x4Mixing::kConsole && block.list.error <= levelError(colors, texels);
+        effort = isBest ? PairEffort::kQuick : effort;
+    }
+    block.pair = fitPair(colors, texels, hasHoles, effort);
     ColorPair& pair = block.pair.pair;
     if (keyOf(pair.first) > keyOf(pair.second)) {
         std::swap(pair.first, pair.second); // both modes of pairs mean the same the other way round
     }
-    block.list.error = kNoService;
-    if (withLists && block.pair.error > 0) {
-        block.list = fitList(colors, block.view(), hasHoles);
-    }
 }
 
-// A palette within a limit: half of the way down, what is left moves to where it is wanted; then the rest.
+// A palette within a limit. What is left after giving entries up moves to where it is wanted.
 PaletteDraft limitedEntries(const Tex4x4Colors& colors, const std::vector<PaletteBlock>& blocks, size_t pairLimit) {
-    constexpr int kRounds = 2;
     const BlockNeighbours neighbours = findNeighbours(colors, blocks);
     PaletteDraft draft = ownEntries(blocks);
-    const double halfWay = std::sqrt(static_cast<double>(draft.pairCount()) * static_cast<double>(pairLimit));
-    shrinkEntries(colors, blocks, neighbours, std::max(pairLimit, static_cast<size_t>(halfWay)), draft);
-    refineEntries(colors, blocks, neighbours, kRounds, draft);
     while (draft.pairCount() > pairLimit) {
         shrinkEntries(colors, blocks, neighbours, pairLimit, draft);
-        refineEntries(colors, blocks, neighbours, kRounds, draft);
+        refineEntries(colors, blocks, neighbours, draft);
     }
     return draft;
 }
@@ -199,7 +216,7 @@ TextureData encodeTex4x4(const ImageRecord& image, const Tex4x4Options& options)
     const Tex4x4Colors colors(options.mixing);
     ImageBlocks image4x4 = readBlocks(image);
     for (PaletteBlock& block : image4x4.different) {
-        fitBlock(colors, options.fourColors, block);
+        fitBlock(colors, options, block);
     }
     const PairPalette palette = buildPalette(colors, image4x4.different, options);
     const Reader reader(colors, palette, options.fourColors);
