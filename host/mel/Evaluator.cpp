@@ -15,7 +15,9 @@ void Evaluator::placeFailure(ScriptFailure& failure) const {
 }
 
 Value Evaluator::runText(std::string_view text, std::string file, bool outermostIsGlobal) {
-    const DepthGuard guard(state_.depth);
+    // A text inside a text brings the frames of its reader and of the command that runs it.
+    constexpr std::size_t kFramesOfAText = 16;
+    const DepthGuard guard(state_.depth, kFramesOfAText);
     state_.step(text.size() / 16);
     const ParseResult parsed = parseUnit(text, file, state_.globals, outermostIsGlobal);
     if (parsed.unit == nullptr) {

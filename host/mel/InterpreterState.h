@@ -55,19 +55,20 @@ struct Interpreter::State {
 // Runs down with the C++ stack, which it guards against scripts that call themselves for ever.
 class DepthGuard {
 public:
-    explicit DepthGuard(std::size_t& depth) : depth_(depth) {
-        if (++depth_ > kLimit) {
-            --depth_;
+    explicit DepthGuard(std::size_t& depth, std::size_t cost = 1) : depth_(depth), cost_(cost) {
+        if (depth_ + cost_ > kLimit) {
             throw ScriptFailure(messages::kStackOverflow);
         }
+        depth_ += cost_;
     }
-    ~DepthGuard() { --depth_; }
+    ~DepthGuard() { depth_ -= cost_; }
     DepthGuard(const DepthGuard&) = delete;
     DepthGuard& operator=(const DepthGuard&) = delete;
 
 private:
     static constexpr std::size_t kLimit = 4000;
     std::size_t& depth_;
+    std::size_t cost_;
 };
 
 } // namespace host::mel
