@@ -1,6 +1,7 @@
 #include "host/api/ApiAccess.h"
 
 #include "host/api/Host.h"
+#include "host/api/PathLink.h"
 #include "host/api/componentKinds.h"
 
 #include <algorithm>
@@ -22,11 +23,6 @@ const NodeType& declaringType(const NodeType& type, AttrIndex attr) {
         found = found->parent();
     }
     return *found;
-}
-
-bool isParent(const Node& parent, const Node& child) {
-    const std::vector<Node*>& parents = child.parents();
-    return std::find(parents.begin(), parents.end(), &parent) != parents.end();
 }
 
 } // namespace
@@ -63,7 +59,7 @@ DataObject* ApiAccess::data(const MObject& object) {
     return payloadOf<DataObject>(object.payload_);
 }
 
-const ComponentObject* ApiAccess::component(const MObject& object) {
+ComponentObject* ApiAccess::component(const MObject& object) {
     return payloadOf<ComponentObject>(object.payload_);
 }
 
@@ -125,29 +121,31 @@ Plug ApiAccess::plug(const MPlug& plug) {
 MDagPath ApiAccess::path(const DagPath& path) {
     MDagPath result;
     result.set_ = true;
-    result.nodes_.reserve(path.nodes.size());
     for (const Node* node : path.nodes) {
-        result.nodes_.push_back(object(*node));
+        result.end_ = std::make_shared<PathLink>(object(*node), std::move(result.end_));
     }
     return result;
 }
 
 std::optional<DagPath> ApiAccess::path(const MDagPath& path) {
-    if (!path.set_) {
+    if (end(path) == nullptr) {
         return std::nullopt;
     }
     DagPath result;
-    result.nodes.reserve(path.nodes_.size());
-    const Node* above = &Host::instance().graph().world();
-    for (const MObject& object : path.nodes_) {
-        Node* node = ApiAccess::node(object);
-        if (node == nullptr || !isParent(*above, *node)) {
-            return std::nullopt;
-        }
-        result.nodes.push_back(node);
-        above = node;
+    result.nodes.resize(path.end_ ? path.end_->length : 0);
+    const PathLink* link = path.end_.get();
+    for (auto place = result.nodes.rbegin(); place != result.nodes.rend(); ++place) {
+        *place = node(link->node);
+        link = link->above.get();
     }
     return result;
+}
+
+Node* ApiAccess::end(const MDagPath& path) {
+    if (!path.set_ || (path.end_ && !isWhole(*path.end_))) {
+        return nullptr;
+    }
+    return path.end_ ? node(path.end_->node) : &Host::instance().graph().world();
 }
 
 void ApiAccess::append(MSelectionList& list, const SelectionItem& item) {
@@ -163,8 +161,8 @@ void ApiAccess::append(MSelectionList& list, const SelectionItem& item) {
         list.entries_.push_back(entry);
         return;
     }
-    for (const ComponentObject& component : componentsByKind(item.components, *item.node)) {
-        entry.component = object(ObjectPayload{component});
+    for (ComponentObject& component : componentsByKind(item.components, *item.node)) {
+        entry.component = object(ObjectPayload{std::move(component)});
         list.entries_.push_back(entry);
     }
 }
@@ -181,7 +179,7 @@ std::vector<SelectionItem> ApiAccess::items(const MSelectionList& list) {
         item.path = dagPath.value_or(DagPath());
         item.plug = plug(entry.plug).at;
         if (const ComponentObject* component = ApiAccess::component(entry.component)) {
-            item.components = component->texts;
+            item.components = componentTexts(*component);
         }
         items.push_back(std::move(item));
     }

@@ -36,7 +36,7 @@ public:
     static MObject object(ObjectPayload payload);
     static const AttributeObject* attribute(const MObject& object);
     static DataObject* data(const MObject& object);
-    static const ComponentObject* component(const MObject& object);
+    static ComponentObject* component(const MObject& object);
     static PluginObject* plugin(const MObject& object);
 
     // --- attributes
@@ -52,6 +52,9 @@ public:
     static MDagPath path(const DagPath& path);
     /// Nothing when the path is not set, a node on it is gone, or is no child of the one before any longer.
     static std::optional<DagPath> path(const MDagPath& path);
+    /// The node at its end, which may be the world. Null when there is no such path, as above; unlike it, this costs
+    /// the same for deep paths once one of them was looked at.
+    static Node* end(const MDagPath& path);
 
     // --- selection
     /// One entry per kind of component.
@@ -62,7 +65,7 @@ public:
     // --- commands
     static CommandSyntax& syntax(MSyntax& syntax) { return *syntax.syntax_; }
     static const CommandSyntax& syntax(const MSyntax& syntax) { return *syntax.syntax_; }
-    static void setSyntax(MPxCommand& command, MSyntax syntax) { command.syntax_ = std::move(syntax); }
+    static void setSyntax(MPxCommand& command, const MSyntax& syntax) { command.syntax_ = syntax; }
     static void setValue(MCommandResult& result, mel::Value value);
     static const mel::Value& value(const MCommandResult& result) { return *result.value_; }
 };

@@ -2,6 +2,7 @@
 
 #include "host/api/ApiAccess.h"
 #include "host/api/Host.h"
+#include "host/api/PathLink.h"
 #include "host/api/dagQueries.h"
 #include "host/api/statusResult.h"
 #include "host/api/values/imathConversions.h"
@@ -10,6 +11,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
+#include <utility>
 
 using host::ApiAccess;
 using host::DagPath;
@@ -33,8 +36,11 @@ T ask(const MDagPath& path, MStatus* status, Answer answer) {
     return nodes ? succeed<T>(status, answer(*nodes)) : fail<T>(status, MStatus::kFailure);
 }
 
-Node& endOf(const DagPath& path) {
-    return path.end() != nullptr ? *path.end() : Host::instance().graph().world();
+/// Answers a question that only the end of a path matters to.
+template <class T, class Answer>
+T askEnd(const MDagPath& path, MStatus* status, Answer answer) {
+    Node* const end = ApiAccess::end(path);
+    return end != nullptr ? succeed<T>(status, answer(*end)) : fail<T>(status, MStatus::kFailure);
 }
 
 DagPath above(DagPath path) {
@@ -44,19 +50,20 @@ DagPath above(DagPath path) {
     return path;
 }
 
-std::vector<Node*> shapesBelow(const DagPath& path) {
+std::vector<Node*> shapesBelow(const Node& end) {
     std::vector<Node*> shapes;
-    const std::vector<Node*>& children = endOf(path).children();
+    const std::vector<Node*>& children = end.children();
     std::copy_if(children.begin(), children.end(), std::back_inserter(shapes),
                  [](const Node* child) { return host::isShape(*child); });
     return shapes;
 }
 
-MStatus extend(MDagPath& path, const std::optional<DagPath>& nodes, unsigned int shapeIndex) {
-    if (!nodes) {
+MStatus extend(MDagPath& path, unsigned int shapeIndex) {
+    const Node* const end = ApiAccess::end(path);
+    if (end == nullptr) {
         return MStatus::kFailure;
     }
-    const std::vector<Node*> shapes = shapesBelow(*nodes);
+    const std::vector<Node*> shapes = shapesBelow(*end);
     if (shapeIndex >= shapes.size()) {
         return MStatus::kInvalidParameter;
     }
@@ -87,46 +94,43 @@ MStatus MDagPath::getAllPathsTo(const MObject& node, MDagPathArray& paths) {
 }
 
 bool MDagPath::isValid(MStatus* ReturnStatus) const {
-    return succeed(ReturnStatus, ApiAccess::path(*this).has_value());
+    return succeed(ReturnStatus, ApiAccess::end(*this) != nullptr);
 }
 
 MObject MDagPath::node(MStatus* ReturnStatus) const {
-    return ask<MObject>(*this, ReturnStatus, [](const DagPath& path) { return ApiAccess::object(endOf(path)); });
+    return askEnd<MObject>(*this, ReturnStatus, [](const Node& end) { return ApiAccess::object(end); });
 }
 
 MObject MDagPath::transform(MStatus* ReturnStatus) const {
-    const std::optional<DagPath> path = ApiAccess::path(*this);
-    if (path) {
-        const auto lowest = std::find_if(path->nodes.rbegin(), path->nodes.rend(),
-                                         [](const Node* node) { return host::isTransform(*node); });
-        if (lowest != path->nodes.rend()) {
-            return succeed(ReturnStatus, ApiAccess::object(**lowest));
+    const host::PathLink* link = ApiAccess::end(*this) == nullptr ? nullptr : end_.get();
+    for (; link != nullptr; link = link->above.get()) {
+        if (host::isTransform(*ApiAccess::node(link->node))) {
+            return succeed(ReturnStatus, link->node);
         }
     }
     return fail<MObject>(ReturnStatus, MStatus::kFailure);
 }
 
 unsigned int MDagPath::length(MStatus* ReturnStatus) const {
-    return ask<unsigned int>(*this, ReturnStatus,
-                             [](const DagPath& path) { return static_cast<unsigned int>(path.nodes.size()); });
+    return askEnd<unsigned int>(*this, ReturnStatus,
+                                [&](const Node&) { return end_ ? static_cast<unsigned int>(end_->length) : 0U; });
 }
 
 unsigned int MDagPath::childCount(MStatus* ReturnStatus) const {
-    return ask<unsigned int>(*this, ReturnStatus, [](const DagPath& path) {
-        return static_cast<unsigned int>(endOf(path).children().size());
-    });
+    return askEnd<unsigned int>(*this, ReturnStatus,
+                                [](const Node& end) { return static_cast<unsigned int>(end.children().size()); });
 }
 
 MObject MDagPath::child(unsigned int index, MStatus* ReturnStatus) const {
-    const std::optional<DagPath> path = ApiAccess::path(*this);
-    if (!path || index >= endOf(*path).children().size()) {
-        return fail<MObject>(ReturnStatus, path ? MStatus::kInvalidParameter : MStatus::kFailure);
+    const Node* const end = ApiAccess::end(*this);
+    if (end == nullptr || index >= end->children().size()) {
+        return fail<MObject>(ReturnStatus, end != nullptr ? MStatus::kInvalidParameter : MStatus::kFailure);
     }
-    return succeed(ReturnStatus, ApiAccess::object(endOf(*path).children()[index]));
+    return succeed(ReturnStatus, ApiAccess::object(end->children()[index]));
 }
 
 unsigned int MDagPath::pathCount(MStatus* ReturnStatus) const {
-    return ask<unsigned int>(*this, ReturnStatus, [](const DagPath&) { return 1U; });
+    return askEnd<unsigned int>(*this, ReturnStatus, [](const Node&) { return 1U; });
 }
 
 MStatus MDagPath::set(const MDagPath& path) {
@@ -135,24 +139,26 @@ MStatus MDagPath::set(const MDagPath& path) {
 }
 
 MStatus MDagPath::push(const MObject& child) {
-    const std::optional<DagPath> path = ApiAccess::path(*this);
-    const Node* node = ApiAccess::node(child);
-    if (!path || node == nullptr) {
+    const Node* const end = ApiAccess::end(*this);
+    const Node* const node = ApiAccess::node(child);
+    if (end == nullptr || node == nullptr) {
         return MStatus::kInvalidParameter;
     }
-    const std::vector<Node*>& children = endOf(*path).children();
-    if (std::find(children.begin(), children.end(), node) == children.end()) {
+    const std::vector<Node*>& parents = node->parents();
+    if (std::find(parents.begin(), parents.end(), end) == parents.end()) {
         return MStatus::kInvalidParameter;
     }
-    nodes_.push_back(child);
+    end_ = std::make_shared<host::PathLink>(child, std::move(end_));
     return MStatus::kSuccess;
 }
 
 MStatus MDagPath::pop(unsigned int num) {
-    if (!set_ || num > nodes_.size()) {
+    if (!set_ || num > (end_ ? end_->length : 0)) {
         return MStatus::kFailure;
     }
-    nodes_.resize(nodes_.size() - num);
+    for (; num != 0; --num) {
+        end_ = std::shared_ptr<const host::PathLink>(end_->above);
+    }
     return MStatus::kSuccess;
 }
 
@@ -162,29 +168,30 @@ MStatus MDagPath::extendToShape() {
     if (status != MStatus::kSuccess || count != 1) {
         return MStatus::kFailure;
     }
-    return extend(*this, ApiAccess::path(*this), 0);
+    return extend(*this, 0);
 }
 
 MStatus MDagPath::extendToShape(unsigned int shapeIndex) {
-    return extend(*this, ApiAccess::path(*this), shapeIndex);
+    return extend(*this, shapeIndex);
 }
 
 MStatus MDagPath::extendToShapeDirectlyBelow(unsigned int shapeIndex) {
-    return extend(*this, ApiAccess::path(*this), shapeIndex);
+    return extend(*this, shapeIndex);
 }
 
 MStatus MDagPath::numberOfShapesDirectlyBelow(unsigned int& count) const {
-    const std::optional<DagPath> path = ApiAccess::path(*this);
-    if (!path) {
+    const Node* const end = ApiAccess::end(*this);
+    if (end == nullptr) {
         return MStatus::kFailure;
     }
-    count = static_cast<unsigned int>(shapesBelow(*path).size());
+    count = static_cast<unsigned int>(shapesBelow(*end).size());
     return MStatus::kSuccess;
 }
 
 bool MDagPath::isInstanced(MStatus* ReturnStatus) const {
-    return ask<bool>(*this, ReturnStatus,
-                     [](const DagPath& path) { return path.end() != nullptr && host::isInstanced(*path.end(), true); });
+    const Node& world = Host::instance().graph().world();
+    return askEnd<bool>(*this, ReturnStatus,
+                        [&](const Node& end) { return &end != &world && host::isInstanced(end, true); });
 }
 
 unsigned int MDagPath::instanceNumber(MStatus* ReturnStatus) const {
@@ -210,13 +217,11 @@ MMatrix MDagPath::exclusiveMatrixInverse(MStatus* ReturnStatus) const {
 }
 
 MFn::Type MDagPath::apiType(MStatus* ReturnStatus) const {
-    return ask<MFn::Type>(*this, ReturnStatus,
-                          [](const DagPath& path) { return ApiAccess::object(endOf(path)).apiType(); });
+    return askEnd<MFn::Type>(*this, ReturnStatus, [](const Node& end) { return ApiAccess::object(end).apiType(); });
 }
 
 bool MDagPath::hasFn(MFn::Type type, MStatus* ReturnStatus) const {
-    return ask<bool>(*this, ReturnStatus,
-                     [&](const DagPath& path) { return ApiAccess::object(endOf(path)).hasFn(type); });
+    return askEnd<bool>(*this, ReturnStatus, [&](const Node& end) { return ApiAccess::object(end).hasFn(type); });
 }
 
 MString MDagPath::fullPathName(MStatus* ReturnStatus) const {
@@ -239,7 +244,7 @@ bool MDagPath::isTemplated(MStatus* ReturnStatus) const {
 }
 
 bool MDagPath::operator==(const MDagPath& other) const {
-    return set_ == other.set_ && nodes_ == other.nodes_;
+    return set_ == other.set_ && host::isSameWay(end_.get(), other.end_.get());
 }
 
 bool MDagPath::operator!=(const MDagPath& other) const {

@@ -40,6 +40,10 @@ bool Graph::isAncestor(const Node& ancestor, const Node& node) const {
     return false;
 }
 
+std::uint64_t Graph::lossOfParents() const {
+    return impl_->lossOfParents;
+}
+
 GraphResult Graph::addParent(Node& node, Node& parent) {
     for (const Node* each : {&node, &parent}) {
         if (!each->isDag()) {
@@ -91,6 +95,7 @@ void Graph::takeFromParent(Node& node, std::size_t parentIndex) {
     node.parents_.erase(node.parents_.begin() + at);
     node.placeInParent_.erase(node.placeInParent_.begin() + at);
     PathCounter(*this).parentWent(node);
+    impl_->lossOfParents = ++Impl::lastLoss;
 }
 
 /// Takes a node, and all below it that have no other place, out of the DAG; they are the result.

@@ -53,6 +53,8 @@ struct Graph::Impl {
     // Paths counted in the nodes are valid for this version of the DAG; nodes whose own count alone changes do not
     // raise it.
     std::uint64_t dagVersion = 1;
+    static inline std::uint64_t lastLoss = 0; // of all graphs: a later scene has another number
+    std::uint64_t lossOfParents = ++lastLoss;
     /// Per node with many parents: how many paths come before those through each parent.
     struct PathsBefore {
         std::uint64_t version = 0;

@@ -6,9 +6,13 @@
 #include <maya/MStatus.h>
 #include <maya/MString.h>
 
-#include <vector>
+#include <memory>
 
 class MDagPathArray;
+
+namespace host {
+struct PathLink;
+}
 
 /// One way from the world down to a DAG node. Nodes with several parents have several. A path is invalid once a node on
 /// it is gone or has been moved elsewhere; then, and when it is empty, every question fails with a status.
@@ -70,6 +74,6 @@ public:
 
 private:
     friend class host::ApiAccess;
-    std::vector<MObject> nodes_; // topmost first
-    bool set_ = false;           // tells the world's path from none
+    std::shared_ptr<const host::PathLink> end_; // null for the world
+    bool set_ = false;                          // tells the world's path from none
 };

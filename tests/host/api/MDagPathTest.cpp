@@ -83,6 +83,20 @@ TEST_F(MDagPathTest, aPathWhoseNodeIsGoneOrMovedFailsEveryQuestion) {
     }
 }
 
+TEST_F(MDagPathTest, aPathThatWasValidFailsOnceANodeAboveWentElsewhere) {
+    const MDagPath shape = path("shape");
+    const MDagPath copy = shape;
+    ASSERT_TRUE(shape.isValid());
+    ASSERT_TRUE(copy.isValid());
+    run("parent b other");
+    EXPECT_FALSE(shape.isValid());
+    EXPECT_FALSE(copy.isValid());
+    const MDagPath again = path("shape");
+    ASSERT_TRUE(again.isValid());
+    run("file -f -new; createNode transform -n a; createNode transform -n b -p a; createNode mesh -n shape -p b");
+    EXPECT_FALSE(again.isValid()) << "a path of another scene";
+}
+
 TEST_F(MDagPathTest, onlyDagNodesHavePaths) {
     MDagPath result;
     MDagPathArray all;
