@@ -206,6 +206,10 @@ void Graph::warn(const std::string& text) const {
     }
 }
 
+void Graph::forgetWarnings() {
+    impl_->said.clear();
+}
+
 std::size_t Graph::computeCount() const {
     return impl_->computeCount;
 }

@@ -3,6 +3,7 @@
 #include "host/graph/Node.h"
 #include "host/graph/Units.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -49,6 +50,9 @@ public:
     GraphResult addParent(Node& node, Node& parent);
     GraphResult removeParent(Node& node, Node& parent);
     bool isAncestor(const Node& ancestor, const Node& node) const;
+    /// Changes whenever a node loses a parent, and is never the same in two graphs: as long as it stays, what was a way
+    /// down the DAG is one.
+    std::uint64_t lossOfParents() const;
 
     // --- plugs by name: "a", "a.b", "a[3].b[0:2]" without the node. Ranges are in PlugRange (parsePlugPath.h).
     /// Address of an attribute path on this node, indices included; attr is kNoAttr when there is none, or when the
@@ -118,6 +122,8 @@ public:
     std::function<void(const std::string&)> onWarning;
     /// Gives `onWarning` a line unless it had it before.
     void warn(const std::string& text) const;
+    /// Every line may be told again: another scene begins.
+    void forgetWarnings();
     /// Counts compute calls, for tests of "asking twice computes once".
     std::size_t computeCount() const;
     bool isCached(const Plug& output) const;

@@ -91,6 +91,7 @@ void Scene::clear() {
         }
     }
     graph_->setTime(0);
+    graph_->forgetWarnings();
     file_ = SceneFile();
     playback_ = PlaybackRange();
     units_ = Units();

@@ -13,8 +13,8 @@ namespace tvk {
 class PluginSession : public HostSession {
 public:
     PluginSession() = default;
-    /// Also unloads a plug-in that was refused to deregister: what it had deregistered by then is given back to it first,
-    /// so that it finds everything as it left it.
+    /// Also unloads a plug-in that was refused to deregister: what it had deregistered by then is given back to it
+    /// first, so that it finds everything as it left it.
     ~PluginSession();
 
     host::Plugins& plugins();

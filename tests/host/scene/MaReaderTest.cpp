@@ -91,12 +91,12 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(MaReader, RandomBytesNeverOpenAsAScene) {
     std::mt19937 random(7);
+    OpenedScene opened;
     for (int run = 0; run < 200; ++run) {
         std::string bytes(1 + random() % 400, ' ');
         for (char& byte : bytes) {
             byte = static_cast<char>(random());
         }
-        OpenedScene opened;
         EXPECT_FALSE(opened.scene.openText(bytes, "s.ma").ok());
     }
 }
@@ -106,8 +106,8 @@ TEST(MaReader, TruncatedFilesFailUnlessCutBetweenStatements) {
     const std::string whole = kHead + "createNode transform -n \"a\";\n\tsetAttr \".t\" -type \"double3\" 1 2 3 ;\n"
                                       "createNode mesh -n \"m\" -p \"a\";\n\tsetAttr -s 2 \".vt[0:1]\" 0 0 0 1 1 1;\n"
                                       "connectAttr \"a.tx\" \"a.ty\";\n";
+    OpenedScene opened;
     for (std::size_t length = kHead.size(); length < whole.size(); ++length) {
-        OpenedScene opened;
         const std::string cut = whole.substr(0, length);
         const std::size_t last = cut.find_last_not_of("\n\t ");
         const bool isBetween = cut[last] == ';' || length == kHead.size() || last + 1 == kHead.size() - 1;

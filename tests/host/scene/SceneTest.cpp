@@ -86,6 +86,19 @@ TEST(SceneOpen, ReplacesEverything) {
     EXPECT_THAT(opened.scene.file().info, IsEmpty());
 }
 
+TEST(SceneOpen, EachSceneTellsItsOwnCycles) {
+    const std::string cycle =
+        "createNode transform -n \"a\";\ncreateNode transform -n \"b\";\nconnectAttr \"a.tx\" \"b.tx\";\n"
+        "connectAttr \"b.tx\" \"a.tx\";\n";
+    OpenedScene opened;
+    for (int time = 0; time < 2; ++time) {
+        opened.open(cycle);
+        opened.number("a.tx");
+        opened.number("a.tx");
+        EXPECT_EQ(opened.warnings.size(), 1U);
+    }
+}
+
 TEST(SceneNew, HasItsDefaultNodes) {
     Scene scene;
     for (const char* name :
