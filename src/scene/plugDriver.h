@@ -19,7 +19,9 @@ struct PlugDriver {
 };
 
 /// Finds what drives a plug: the source of the plug, else of the compound that it belongs to, stepping through unit
-/// conversions, pair blends, character nodes and animation-layer blends by the matching element. Ends on cyclic graphs.
+/// conversions, pair blends, character nodes and animation-layer blends by the matching element. Of the two inputs of a
+/// blend the first that is animated counts, else the first that is driven at all. What only hands on and has nothing
+/// behind it is no driver. Ends on cyclic graphs.
 PlugDriver findDriver(const MPlug& plug);
 
 } // namespace tvk
