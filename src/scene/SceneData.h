@@ -1,7 +1,11 @@
 #pragma once
 
 #include "scene/MaterialRecord.h"
+#include "scene/MatrixRecord.h"
+#include "scene/ModelTables.h"
 #include "scene/NodeRecord.h"
+#include "scene/PolygonRecord.h"
+#include "scene/ShapeRecord.h"
 #include "scene/TextureRecord.h"
 #include "scene/TextureSourceRecord.h"
 
@@ -17,6 +21,20 @@ struct SceneData {
     std::vector<std::unique_ptr<NodeRecord>> nodes;
     /// The nodes of the files, root first, parents before their children.
     std::vector<NodeRecord*> outputNodes;
+
+    // Geometry. Shapes stand in node order, polygons by shape and then by shading group.
+    std::vector<ShapeRecord> shapes;
+    std::vector<PolygonRecord> polygons;
+    /// Every way in which vertices follow nodes, in the order of the first vertex that does; no two are alike.
+    std::vector<MatrixRecord> matrices;
+    /// The blends' entries, blend by blend; no two blends are alike.
+    std::vector<EnvelopeEntry> envelope;
+    std::vector<int32_t> vertexMatrices; // in `matrices`, for the vertices of all shapes
+    ModelTables tables;
+    Vector3 boxMin{}; // of all output points, unscaled; 0 without any
+    Vector3 boxMax{};
+    int64_t gatheredCorners = 0; // of all polygons as read
+    int64_t gatheredTriangles = 0;
 
     int32_t positionScale = 0;      // exponent: readers multiply vertices by 2^positionScale
     bool scalingRuleIsMaya = false; // some output node compensates its parent's scale
