@@ -11,6 +11,8 @@ constexpr uint32_t kNoEntry = 0xFFFFFFFF;
 constexpr double kImpossible = 1e30;
 // Merged blocks are fitted anew, which is worth its time for small groups only.
 constexpr size_t kGroupBlocks = 6;
+// Entries that one is joined with for trial.
+constexpr size_t kPartners = 6;
 
 // An entry that a block can use.
 struct Option {
@@ -146,23 +148,24 @@ private:
         return users;
     }
 
-    // The pair entry that most of an entry's blocks would change to; the lowest of several.
-    uint32_t partnerOf(uint32_t entry, const std::vector<uint32_t>& users) const {
-        std::vector<uint32_t> others;
+    // The pair entries that would serve some of an entry's blocks with least error, as they are.
+    std::vector<uint32_t> partnersOf(uint32_t entry, const std::vector<uint32_t>& users) const {
+        std::vector<std::pair<float, uint32_t>> others;
         for (const uint32_t block : users) {
-            others.push_back(bestOption(block, entry, 0).second);
-        }
-        std::sort(others.begin(), others.end());
-        uint32_t partner = kNoEntry;
-        long most = 0;
-        for (const uint32_t other : others) {
-            const long votes = std::count(others.begin(), others.end(), other);
-            if (votes > most && other != kNoEntry && draft.entries[other].pairs == 1) {
-                partner = other;
-                most = votes;
+            for (const Option& option : options[block]) {
+                if (option.entry != entry && draft.entries[option.entry].pairs == 1) {
+                    others.emplace_back(option.smallerError, option.entry);
+                }
             }
         }
-        return partner;
+        std::sort(others.begin(), others.end());
+        std::vector<uint32_t> partners;
+        for (const auto& [error, other] : others) {
+            if (partners.size() < kPartners && std::find(partners.begin(), partners.end(), other) == partners.end()) {
+                partners.push_back(other);
+            }
+        }
+        return partners;
     }
 
     // The pair that serves a group of blocks best; false when they are too many, or some have holes and some have none.
@@ -186,30 +189,41 @@ private:
         return true;
     }
 
-    // Joins a pair entry with another one in a new pair for both, where that costs no more than `allowed`.
-    bool merge(uint32_t entry, double allowed) {
-        const std::vector<uint32_t> users = usersOf(entry);
-        const uint32_t partner = users.empty() ? kNoEntry : partnerOf(entry, users);
-        if (partner == kNoEntry) {
-            return false;
-        }
-        std::vector<uint32_t> group = usersOf(partner);
-        group.insert(group.end(), users.begin(), users.end());
-        PairFit fit;
-        if (!fitGroup(group, fit)) {
-            return false;
-        }
-        double gained = 0;
+    // What a group of blocks loses when all its blocks change to a pair.
+    double costOf(const std::vector<uint32_t>& group, const ColorPair& pair) const {
+        double cost = 0;
         for (const uint32_t block : group) {
             Tex4x4Mode mode{};
-            const float error = pairError(colors, blocks[block].view(), blocks[block].texels.hasHoles, fit.pair, mode);
-            gained += double{blocks[block].count} * (error - errors[block]);
+            const float error = pairError(colors, blocks[block].view(), blocks[block].texels.hasHoles, pair, mode);
+            cost += double{blocks[block].count} * (error - errors[block]);
         }
-        if (gained >= allowed) {
+        return cost;
+    }
+
+    // Joins a pair entry with another one in a new pair for both: the cheapest, where that costs less than `allowed`.
+    bool merge(uint32_t entry, double allowed) {
+        const std::vector<uint32_t> users = usersOf(entry);
+        uint32_t best = kNoEntry;
+        PairFit bestFit;
+        for (const uint32_t partner : partnersOf(entry, users)) {
+            std::vector<uint32_t> group = usersOf(partner);
+            group.insert(group.end(), users.begin(), users.end());
+            PairFit fit;
+            if (!fitGroup(group, fit)) {
+                continue;
+            }
+            const double cost = costOf(group, fit.pair);
+            if (cost < allowed) {
+                allowed = cost;
+                best = partner;
+                bestFit = fit;
+            }
+        }
+        if (best == kNoEntry) {
             return false;
         }
         draft.entries[entry].pairs = 0;
-        replacePair(partner, fit.pair, users);
+        replacePair(best, bestFit.pair, users);
         return true;
     }
 
