@@ -2,6 +2,7 @@
 
 #include "host/nodes/curveCompute.h"
 #include "host/nodes/dagCompute.h"
+#include "host/nodes/meshCompute.h"
 #include "host/nodes/typeTables.h"
 
 namespace host {
@@ -17,6 +18,7 @@ struct AffectsRow {
 constexpr AffectsRow kAffects[] = {
     {computeDagMatrices, fillDagAffects},
     {computeAnimCurve, fillCurveAffects},
+    {computeMesh, fillMeshAffects},
 };
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "host/nodes/apiTypes.h"
+#include "host/nodes/meshCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 
@@ -96,12 +97,12 @@ constexpr AttributeRow kSurfaceShape[] = {
 
 constexpr AttributeRow kMesh[] = {
     {"inMesh", "i", "mesh"},
-    {"outMesh", "o", "mesh"},
-    {"cachedInMesh", "ci", "mesh"},
-    {"worldMesh", "w", "mesh", {}, 0, kWorld},
+    {"outMesh", "o", "mesh", {}, 0, kComputed},
+    {"cachedInMesh", "ci", "mesh", {}, 0, kComputed},
+    {"worldMesh", "w", "mesh", {}, 0, kWorld | kComputed},
     {"outSmoothMesh", "os", "mesh"},
-    {"pnts", "pt", "float3", "pntx px pnty py pntz pz", 0, kArray},
-    {"vrts", "vt", "float3", "vrtx vx vrty vy vrtz vz", 0, kArray},
+    {"pnts", "pt", "floatLinear3", "pntx px pnty py pntz pz", 0, kArray},
+    {"vrts", "vt", "floatLinear3", "vrtx vx vrty vy vrtz vz", 0, kArray},
     {"edge", "ed", "long3", "edg1 e1 edg2 e2 edgh eh", 0, kArray},
     {"face", "fc", "polyFaces", {}, 0, kArray},
     {"normals", "n", "float3", "normalx nx normaly ny normalz nz", 1e20, kArray},
@@ -335,7 +336,7 @@ constexpr TypeRow kTypes[] = {
     {"controlPoint", "deformableShape", api::kShape, kControlPoint},
     {"curveShape", "controlPoint", api::kShape},
     {"surfaceShape", "controlPoint", api::kShape, kSurfaceShape},
-    {"mesh", "surfaceShape", api::kMesh, kMesh},
+    {"mesh", "surfaceShape", api::kMesh, kMesh, TypeBehaviour{DagRole::kNone, computeMesh}},
     {"nurbsCurve", "curveShape", api::kNurbsCurve, kNurbsCurve},
     {"bezierCurve", "nurbsCurve", api::kBezierCurve},
     {"nurbsSurface", "surfaceShape", api::kNurbsSurface, kNurbsSurface},

@@ -30,6 +30,7 @@ constexpr KindRow kKinds[] = {
     {"float", AttrKind::kFloat, DataKind::kNone, "float"},
     {"double", AttrKind::kDouble, DataKind::kNone, "double"},
     {"distance", AttrKind::kDistance, DataKind::kNone, "doubleLinear"},
+    {"floatLinear", AttrKind::kDistance, DataKind::kNone, "floatLinear"},
     {"angle", AttrKind::kAngle, DataKind::kNone, "doubleAngle"},
     {"time", AttrKind::kTime, DataKind::kNone, "time"},
     {"string", AttrKind::kString, DataKind::kNone, "string"},
@@ -204,9 +205,11 @@ void RowReader::addCounted(const AttributeRow& row, const KindRow& number, int c
     compound.longName = row.longName.substr(level);
     compound.shortName = row.shortName;
     compound.parent = open_.empty() ? kNoAttr : open_.back();
-    // Only numbers without a unit have a counted type of their own in scene files; lengths and angles pass as doubles.
+    // Only numbers without a unit have a counted type of their own in scene files; lengths and angles pass as doubles,
+    // or as floats when they are held as such.
     const bool hasUnit = number.kind == AttrKind::kDistance || number.kind == AttrKind::kAngle;
-    compound.fileType = (hasUnit ? "double" : std::string(number.fileType)) + std::to_string(count);
+    const std::string plain = number.fileType == "floatLinear" ? "float" : "double";
+    compound.fileType = (hasUnit ? plain : std::string(number.fileType)) + std::to_string(count);
     const AttrIndex parent = add(std::move(compound));
     open_.push_back(parent);
     for (std::size_t i = 0; i < names.size(); ++i) {
@@ -246,7 +249,7 @@ void readBehaviour(NodeType& type, const TypeRow& row, const NodeType* parent) {
     }
     type.dagRole = how.dagRole == DagRole::kNone ? type.dagRole : how.dagRole;
     type.compute = how.compute == nullptr ? type.compute : how.compute;
-    type.passesThrough = how.compute == nullptr && (type.passesThrough || how.notEvaluated);
+    type.passesThrough = how.notEvaluated || (how.compute == nullptr && type.passesThrough);
     if (how.family != 0) {
         type.families.push_back(how.family);
     }

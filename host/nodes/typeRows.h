@@ -31,8 +31,9 @@ constexpr unsigned kFileName = 1U << 8U;
 /// One attribute of a node type, as the tables of this room write it.
 ///
 /// longName   a leading '.' per level makes it a child of the last row with one '.' less, which must be "compound"
-/// kind       bool byte char short long enum float double distance angle time string matrix message compound any
-///            geometry, a data kind (mesh componentList …), or a number kind with a count: float3 distance3 bool3 …
+/// kind       bool byte char short long enum float double distance floatLinear angle time string matrix message
+///            compound any geometry, a data kind (mesh componentList …), or a number kind with a count: float3
+///            distance3 bool3 …
 /// children   of a counted kind, how its numbers are named (short names are lower case unless given):
 ///              "XYZ", "RGB", "UV", "012"    those letters after the names of the row; also "XYZW", "RGBA", "UVW"
 ///              "RGB=ac"                      likewise, but the short names start with "ac"
@@ -52,7 +53,7 @@ struct TypeBehaviour {
     DagRole dagRole = DagRole::kNone;  // kNone: the parent's
     ComputeFunction compute = nullptr; // null: the parent's
     std::string_view timeInput{};      // this input means the current time while it is unconnected
-    bool notEvaluated = false;         // outputs are not computed though the real host computes them
+    bool notEvaluated = false;         // outputs are not computed as the real host computes them, but left or passed on
     int family = 0;                    // an API type that it answers to beside those of its ancestors
 };
 

@@ -79,9 +79,10 @@ public:
     RowReader(Scene& scene, const Plug& array)
         : units_(scene.units()), columns_(columnsOf(*array.node, array.at.attr)),
           given_(columnsInFile(scene.graph(), array, columns_.size())), rows_(scene.graph().rowsForWriting(array)) {
-        isPlainFloat_ =
-            rows_.storage() == NumberRows::Storage::kFloat && isWhole() &&
-            std::none_of(columns_.begin(), columns_.end(), [](const Column& column) { return hasUnit(column.kind); });
+        isPlainFloat_ = rows_.storage() == NumberRows::Storage::kFloat && isWhole() &&
+                        std::all_of(columns_.begin(), columns_.end(), [this](const Column& column) {
+                            return toInternal(units_, column.kind, 1.0) == 1.0;
+                        });
     }
 
     std::size_t numbersPerRow() const { return given_.size(); }

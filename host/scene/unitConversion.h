@@ -11,8 +11,4 @@ double toInternal(const Units& units, AttrKind kind, double value);
 /// And back.
 double toExternal(const Units& units, AttrKind kind, double value);
 
-constexpr bool hasUnit(AttrKind kind) {
-    return kind == AttrKind::kDistance || kind == AttrKind::kAngle || kind == AttrKind::kTime;
-}
-
 } // namespace host
