@@ -25,6 +25,7 @@ void registerListCommands(mel::CommandTable& commands, Scene& scene);
 void registerTimeCommands(mel::CommandTable& commands, Scene& scene);
 void registerFileCommands(mel::CommandTable& commands, Scene& scene);
 void registerWorkspaceCommands(mel::CommandTable& commands, Scene& scene);
+void registerInterfaceCommands(mel::CommandTable& commands, Scene& scene);
 void registerHostCommands(mel::CommandTable& commands, Scene& scene, const HostFacts& facts);
 
 using SceneCommand = std::function<mel::CommandResult(Scene&, const mel::ParsedFlags&)>;

@@ -21,6 +21,7 @@ void registerSceneCommands(mel::CommandTable& commands, Scene& scene, const Host
     registerTimeCommands(commands, scene);
     registerFileCommands(commands, scene);
     registerWorkspaceCommands(commands, scene);
+    registerInterfaceCommands(commands, scene);
     registerHostCommands(commands, scene, facts);
 }
 

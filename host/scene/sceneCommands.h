@@ -23,6 +23,7 @@ struct HostFacts {
 ///   selection   select ls
 ///   time        currentTime currentUnit playbackOptions
 ///   files       file workspace
+///   interface   callbacks editorTemplate showEditor refreshEditorTemplates (an attribute editor without windows)
 ///   host        about optionVar
 ///
 /// A command that changes the scene sets its modified flag. A flag that is not known is an error.

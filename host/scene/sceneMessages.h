@@ -75,6 +75,8 @@ constexpr std::string_view kNotTransform = "'%1' is no transform";
 constexpr std::string_view kNotConnected = "'%1' is not connected to '%2'";
 constexpr std::string_view kNeedsObjects = "%1 needs %2";
 constexpr std::string_view kNothingSelected = "nothing is selected";
+constexpr std::string_view kNoOpenLayout = "editorTemplate -endLayout without a layout that is open";
+constexpr std::string_view kOpenLayout = "a template of the attribute editor leaves a layout open";
 
 // --- files and projects
 constexpr std::string_view kNoProject = "Project folder not found: %1";
