@@ -92,7 +92,8 @@ bool MObject::operator==(const MObject& other) const {
     }
     if (const host::ComponentObject* component = ApiAccess::component(*this)) {
         const host::ComponentObject* second = ApiAccess::component(other);
-        return second != nullptr && component->type == second->type && component->texts == second->texts;
+        return second != nullptr && component->type == second->type && component->indices == second->indices &&
+               component->texts == second->texts;
     }
     return payload_ == other.payload_ && slot_ == other.slot_ && generation_ == other.generation_;
 }

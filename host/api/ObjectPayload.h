@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/api/IndexSet.h"
 #include "host/graph/Node.h"
 
 #include <maya/MFn.h>
@@ -33,10 +34,11 @@ struct DataObject {
     std::variant<NumericValue, Matrix44, std::string, DataPtr> value;
 };
 
-/// Components of one kind of a shape, as names write them: "f[0:3]", "f[7]", "vtx[*]". At least one.
+/// Components of one kind of a shape. Function sets for components may change it in place.
 struct ComponentObject {
     MFn::Type type = MFn::kComponent;
-    std::vector<std::string> texts;
+    IndexSet indices;               // of kinds that are counted with one number: vertices, edges, faces …
+    std::vector<std::string> texts; // of all others, as names write them: "vtxFace[3][1]", "cv[0:3][*]"
 };
 
 /// A plug-in while its entry points run.

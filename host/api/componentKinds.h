@@ -1,17 +1,22 @@
 #pragma once
 
 #include "host/api/ObjectPayload.h"
+#include "host/geometry/ComponentList.h"
 
 #include <string>
 #include <vector>
 
 namespace host {
 
-/// The API type of components that a name like "f[0:3]" means on a shape of this type; kComponent for kinds that the
-/// API has no type for.
-MFn::Type componentType(const std::string& text, const Node& shape);
+/// Whether components of this type are counted with one number.
+bool isSingleIndexed(MFn::Type componentType);
 
-/// Components sorted out by kind, each kind in the order given, kinds in the order of their first component.
-std::vector<ComponentObject> componentsByKind(const std::vector<std::string>& texts, const Node& shape);
+/// Components sorted out by kind, kinds in the order of their first component. Kinds that the API has no type for are
+/// kComponent. Where the shape evaluates to a mesh, numbers that it does not have are left out.
+std::vector<ComponentObject> componentsByKind(const std::vector<std::string>& texts, Node& shape);
+std::vector<ComponentObject> componentsByKind(const std::vector<ComponentRange>& ranges, Node& shape);
+
+/// How names write them: "f[0:3]", "f[7]", "vtx[*]".
+std::vector<std::string> componentTexts(const ComponentObject& component);
 
 } // namespace host

@@ -1,5 +1,7 @@
 #include "host/api/objectTypes.h"
 
+#include "host/api/componentKinds.h"
+
 #include <algorithm>
 #include <array>
 
@@ -184,10 +186,8 @@ bool dataHasFn(const DataObject& data, MFn::Type wanted) {
 }
 
 bool componentHasFn(MFn::Type own, MFn::Type wanted) {
-    static constexpr std::array kSingle = {MFn::kMeshVertComponent, MFn::kMeshEdgeComponent, MFn::kMeshPolygonComponent,
-                                           MFn::kMeshMapComponent, MFn::kCurveCVComponent};
     return wanted == own || isOneOf(wanted, std::array{MFn::kBase, MFn::kComponent}) ||
-           (wanted == MFn::kSingleIndexedComponent && isOneOf(own, kSingle));
+           (wanted == MFn::kSingleIndexedComponent && isSingleIndexed(own));
 }
 
 } // namespace host

@@ -174,13 +174,15 @@ CurveInfinity curveInfinityOf(double number) {
     return CurveInfinity::kConstant;
 }
 
-AnimCurve::AnimCurve(const CurveDescription& description) : before_(description.before), after_(description.after) {
+AnimCurve::AnimCurve(const CurveDescription& description)
+    : weighted_(description.weighted), before_(description.before), after_(description.after) {
     const std::vector<CurveKey> keys = sortedKeys(description.keys);
     keys_.reserve(keys.size());
     for (std::size_t i = 0; i < keys.size(); ++i) {
         const CurveKey& key = keys[i];
         const Surroundings around = surroundingsOf(keys, i);
-        Key made{key.input, key.value, 0, 0, {}, {}, description.weighted ? Segment::kBezier : Segment::kHermite};
+        const Segment segment = description.weighted ? Segment::kBezier : Segment::kHermite;
+        Key made{key.input, key.value, 0, 0, {}, {}, segment, key.inType, key.outType, key.index};
         made.inSlope = slopeOf(key.inType, key.in, around.before, around, description);
         made.outSlope = slopeOf(key.outType, key.out, around.after, around, description);
         if (around.previous != nullptr) {

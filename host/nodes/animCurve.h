@@ -38,6 +38,7 @@ struct CurveKey {
     TangentType inType = TangentType::kAuto, outType = TangentType::kAuto;
     /// As files hold them: x along the input in units of `inputPerX`, y along the value in units of `valuePerY`.
     TangentVector in, out;
+    std::int32_t index = 0; // logical, in the node's arrays
 };
 
 /// What a curve node stores.
@@ -57,26 +58,35 @@ struct CurveDescription {
 /// of nearly the same value. Step and step-next hold a value; as a way in they are flat.
 class AnimCurve {
 public:
-    explicit AnimCurve(const CurveDescription& description);
-
-    /// Value at an input; 0 without keys. An input that is no number gives the first key's value.
-    double value(double input) const;
-
-private:
     enum class Segment : std::uint8_t { kHermite, kBezier, kHold, kNext };
 
     struct Key {
         double input, value;
         double inSlope, outSlope; // value per input
-        TangentVector in, out;    // of weighted curves, in units of input and value
+        TangentVector in, out;    // of weighted curves, in units of input and value; 0 0 on the sides without neighbour
         Segment segment;          // from this key to the next
+        TangentType inType, outType;
+        std::int32_t index; // logical, in the node's arrays
     };
 
+    explicit AnimCurve(const CurveDescription& description);
+
+    /// Value at an input; 0 without keys. An input that is no number gives the first key's value.
+    double value(double input) const;
+
+    /// Ascending by input, no two with the same.
+    const std::vector<Key>& keys() const { return keys_; }
+    bool isWeighted() const { return weighted_; }
+    CurveInfinity before() const { return before_; }
+    CurveInfinity after() const { return after_; }
+
+private:
     double outside(double input) const;
     double cycled(double input, CurveInfinity infinity) const;
     double inside(double input) const;
 
     std::vector<Key> keys_;
+    bool weighted_;
     CurveInfinity before_, after_;
 };
 

@@ -1,7 +1,5 @@
 #include "host/nodes/curveCompute.h"
 
-#include "host/nodes/animCurve.h"
-
 #include "host/graph/Data.h"
 #include "host/graph/Evaluation.h"
 #include "host/graph/Units.h"
@@ -82,6 +80,7 @@ std::vector<CurveKey> readKeys(Evaluation& evaluation, Node& node) {
         key.outType = tangentTypeOf(outTypes.at(index));
         key.in = {inX.at(index), inY.at(index)};
         key.out = {outX.at(index), outY.at(index)};
+        key.index = index;
         keys.push_back(key);
     }
     return keys;
@@ -112,6 +111,12 @@ void computeAnimCurve(Evaluation& evaluation, Node& node, const PlugAddress& out
     const double input = evaluation.number(node, attr.input);
     const bool isTimed = node.attribute(attr.input).kind == AttrKind::kTime;
     evaluation.putNumber(node, output, curve.value(isTimed ? std::round(input) : input));
+}
+
+std::shared_ptr<const AnimCurve> animCurveOf(Graph& graph, Node& node) {
+    const bool isCurve = node.type().isKindOf("animCurve") && node.type().find("keyTimeValue") != kNoAttr;
+    const DataPtr data = isCurve ? graph.data({&node, {curveAttributes(node).animationCurve, 0, {}}}) : nullptr;
+    return data ? std::shared_ptr<const AnimCurve>(data, &static_cast<const CurveData&>(*data).curve) : nullptr;
 }
 
 void fillCurveAffects(NodeType& type) {
