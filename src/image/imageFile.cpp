@@ -79,8 +79,10 @@ struct Reading {
     }
 
     ImageResult readPixels() {
+        // What is refused by its size is not worth reading: the readers look at the size before any byte.
+        const bool isTooLarge = record.width > kLargestImageSide || record.height > kLargestImageSide;
         std::vector<uint8_t> all;
-        if (!file.read(0, std::min(record.fileSize, kMostBytes), all)) {
+        if (!isTooLarge && !file.read(0, std::min(record.fileSize, kMostBytes), all)) {
             return cantOpen(record);
         }
         return record.type == ImageType::kTga ? readTgaPixels(viewOf(all), tga, record)

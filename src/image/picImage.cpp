@@ -78,6 +78,10 @@ size_t leastLineBytes(const PicPacket& packet, size_t width) {
     }
 }
 
+bool bringsChannels(const PicPacket& packet) {
+    return channelCountOf(packet) > 0;
+}
+
 bool fileCanHold(Bytes file, const PicHeader& header, const ImageRecord& record) {
     size_t lineBytes = 0;
     for (const PicPacket& packet : header.packets) {
@@ -205,8 +209,10 @@ ImageResult readPicHeader(Bytes head, PicHeader& header, ImageRecord& record) {
 }
 
 ImageResult readPicPixels(Bytes file, const PicHeader& header, ImageRecord& record) {
+    const std::vector<PicPacket>& packets = header.packets;
     if (record.width > kLargestImageSide || record.height > kLargestImageSide || !header.isComplete ||
-        !std::all_of(header.packets.begin(), header.packets.end(), isReadable) || !fileCanHold(file, header, record)) {
+        !std::all_of(packets.begin(), packets.end(), isReadable) ||
+        std::none_of(packets.begin(), packets.end(), bringsChannels) || !fileCanHold(file, header, record)) {
         return failed(record);
     }
     record.pixels.assign(size_t{record.width} * record.height * 4, 0);
@@ -216,7 +222,7 @@ ImageResult readPicPixels(Bytes file, const PicHeader& header, ImageRecord& reco
     LineReader reader(file, header.pixelOffset);
     for (size_t row = 0; row < record.height; ++row) {
         uint8_t* const line = &record.pixels[row * record.width * 4];
-        for (const PicPacket& packet : header.packets) {
+        for (const PicPacket& packet : packets) {
             if (!reader.readLine(packet, line, record.width)) {
                 return failed(record);
             }

@@ -38,8 +38,8 @@ inline constexpr size_t kPicHeaderBytes = kPicHeadBytes + 4 * kPicPacketLimit;
 ImageResult readPicHeader(Bytes head, PicHeader& header, ImageRecord& record);
 
 /// Fills record.pixels: missing colour channels are 0, alpha 255 where there is none. Sizes over kLargestImageSide are
-/// refused; allocates only when the file is long enough to hold what it announces. What a run holds beyond the end of
-/// its scan line is ignored.
+/// refused, and files whose packets bring no channel; allocates only when the file is long enough to hold what it
+/// announces. What a run holds beyond the end of its scan line is ignored.
 ///   file   the whole file
 ImageResult readPicPixels(Bytes file, const PicHeader& header, ImageRecord& record);
 

@@ -150,6 +150,18 @@ TEST(PicImage, RefusesAFileWithoutPackets) {
     EXPECT_EQ(readPic(writePic(Picture(4, 4), options)).result.error, kInvalid);
 }
 
+TEST(PicImage, RefusesPacketsWithoutAnyChannelWithoutMakingRoomForPixels) {
+    for (const std::uint8_t packing : Values{0, 1, 2}) {
+        for (const std::vector<std::uint8_t>& groups : std::vector<std::vector<std::uint8_t>>{{0x00}, {0x00, 0x0F}}) {
+            File file = withSize(writePic(Picture(0, 0), optionsOf(groups, packing)), 1024, 1024);
+            file.resize(65536);
+            const ReadImage read = readPic(file);
+            EXPECT_EQ(read.result.error, kInvalid) << nameOf(groups, packing);
+            EXPECT_EQ(read.record.pixels.capacity(), 0U) << nameOf(groups, packing);
+        }
+    }
+}
+
 TEST(PicImage, RefusesAChainOfPacketsThatDoesNotEnd) {
     File endless = writePic(Picture(4, 4), {});
     endless.resize(104);
@@ -201,7 +213,7 @@ TEST(PicImage, PacketsOfOneFileCanHaveDifferentPackings) {
 TEST(PicImage, ColourChannelsThatNoPacketBringsAreZero) {
     const Picture picture = makeScatteredPicture(4, 4);
     for (const std::vector<std::uint8_t>& groups :
-         std::vector<std::vector<std::uint8_t>>{{0x80}, {0x50}, {0x10}, {0x00}}) {
+         std::vector<std::vector<std::uint8_t>>{{0x80}, {0x50}, {0x10}, {0x00, 0x80}}) {
         EXPECT_EQ(readPic(writePic(picture, optionsOf(groups, 0))).record.pixels, expectedPixels(picture, groups));
     }
 }
@@ -244,6 +256,13 @@ TEST(PicImage, LongestSidesAreRead) {
             EXPECT_EQ(readPic(writePic(picture, optionsOf({0xE0}, packing))).record.pixels, picture.bytes());
         }
     }
+}
+
+TEST(PicImage, TheLargestImageIsReadFromTheFewestBytes) {
+    const Picture picture(1024, 1024, {7, 0, 0});
+    const File file = writePic(picture, optionsOf({0x80}, 2));
+    EXPECT_EQ(file.size(), 108U + 1024U * 4U) << "a long run of one channel in every scan line";
+    EXPECT_EQ(readPic(file).record.pixels, picture.bytes());
 }
 
 // ---- header
