@@ -88,6 +88,29 @@ TEST(ExtensionBlock, ChunkSizesBelowTheHeadAreRefusedButZero) {
     }
 }
 
+TEST(ExtensionBlock, EveryTagOfEverySizeIsRefusedOrTakenAsItStands) {
+    struct Row {
+        const char* tag;
+        std::string atTwelve, atThirteen; // what full reading says of an empty payload, and of one byte
+    };
+    const std::string noFormat = "Invalid texture format: ";
+    for (const Row& row : {Row{"tvk_frmt", noFormat, noFormat + "x"}, Row{"tvk_c0xp", "", ""},
+                           Row{"tvk_txel", kInvalid, ""}, Row{"tvk_pidx", "", ""}, Row{"tvk_pnam", kInvalid, kInvalid},
+                           Row{"tvk_pcol", kInvalid, kInvalid}, Row{"tvk_none", "", ""}}) {
+        for (std::uint32_t size = 0; size <= 13; ++size) {
+            const Block payload(size == 13 ? 1 : 0, 'x');
+            const Block block = joined({kFormat, kTexels, chunkOfSize(row.tag, size, payload)});
+            const std::string error = size == 0    ? ""
+                                      : size < 12  ? kInvalid
+                                      : size == 12 ? row.atTwelve
+                                                   : row.atThirteen;
+            EXPECT_EQ(readBlock(block, ExtensionReading::kFull).result.error, error) << row.tag << ' ' << size;
+        }
+        const Block endless = joined({kFormat, kTexels, chunkOfSize(row.tag, 0xFFFFFFFFU, {1})});
+        EXPECT_EQ(readBlock(endless, ExtensionReading::kFull).result.error, "") << row.tag << ": as if it ended before";
+    }
+}
+
 TEST(ExtensionBlock, APayloadBehindTheEndOfTheFileIsRefused) {
     const Block tail = chunkOfSize("tvk_pcol", 14, {1}); // one byte short
     EXPECT_EQ(readFull({kFormat, kTexels, tail}).result.error, kInvalid);

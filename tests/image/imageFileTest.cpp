@@ -2,6 +2,7 @@
 
 #include "TemporaryFolder.h"
 #include "platform/fileSystem.h"
+#include "writers/ByteList.h"
 #include "writers/extensionWriter.h"
 #include "writers/picWriter.h"
 #include "writers/tgaWriter.h"
@@ -9,6 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -145,10 +147,56 @@ TEST_F(ImageFile, ErrorsOfABlockNameTheFile) {
 TEST_F(ImageFile, ErrorsOfPixelsNameTheFile) {
     const std::string wide = write("a.tga", writeTga(Picture(1025, 1), {}));
     EXPECT_EQ(errorOf(wide), "Invalid TGA file (invalid size): " + wide);
+    const std::string high = write("a.pic", writePic(Picture(1, 1025), {}));
+    EXPECT_EQ(errorOf(high), "Invalid PIC file: " + high);
     File depth = writeTga(Picture(4, 4), {});
     depth[16] = 12;
     const std::string odd = write("b.tga", depth);
     EXPECT_EQ(errorOf(odd), "Invalid TGA file (invalid bit per pixel): " + odd);
+}
+
+TEST_F(ImageFile, ExtensionOffsetsAnywhereAreABlockOrAPlainFile) {
+    const File tga = tgaWithBlock(8, 8, kBlock), pic = picWithBlock(8, 8, kBlock);
+    struct Row {
+        File file;
+        std::string name;
+        std::size_t offsetAt, least;
+    };
+    for (const Row& row : {Row{tga, "a.tga", 34, 38}, Row{pic, "a.pic", 24, 104}}) {
+        const std::size_t blockAt = row.file.size() - kBlock.size();
+        for (std::size_t offset = 0; offset <= row.file.size() + 1; ++offset) {
+            File file = row.file;
+            const File bytes = ByteList().little32(static_cast<std::uint32_t>(offset)).bytes;
+            std::copy(bytes.begin(), bytes.end(), file.begin() + static_cast<long>(row.offsetAt));
+            const std::string path = write(row.name, file), error = errorOf(path);
+            const bool isBlock = offset >= row.least && offset < file.size();
+            ASSERT_EQ(record.hasExtension, isBlock) << row.name << ' ' << offset;
+            const bool isPlain = !isBlock && record.pixels.size() == 8U * 8U * 4U;
+            ASSERT_EQ(error, isPlain || offset == blockAt ? "" : "Invalid additional information: " + path)
+                << row.name << ' ' << offset;
+        }
+    }
+}
+
+TEST_F(ImageFile, CutAnywhereAFileWithABlockIsRefusedOrPlainOrComplete) {
+    const File whole = tgaWithBlock(8, 8, kBlock);
+    const std::size_t blockAt = whole.size() - kBlock.size();
+    const std::string path = folder.path("a.tga");
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        write("a.tga", {whole.begin(), whole.begin() + static_cast<long>(length)});
+        const std::string error = errorOf(path);
+        if (length < blockAt) {
+            ASSERT_EQ(error, "Invalid TGA file (unexpected end of file): " + path) << length;
+        } else if (length == blockAt) {
+            ASSERT_EQ(error, "") << "nothing is left of the block, all of the pixels";
+            ASSERT_EQ(record.pixels.size(), 256U);
+        } else {
+            // All but the chunk that says it ends; or format and texels, and less than the head of a chunk behind them.
+            const std::size_t texelsEnd = blockAt + 12 + 8 + 12 + 16;
+            const bool isWhole = length + 12 >= whole.size() || (length >= texelsEnd && length < texelsEnd + 12);
+            ASSERT_EQ(error, isWhole ? "" : "Invalid additional information: " + path) << length;
+        }
+    }
 }
 
 // A file of a terabyte takes no disk: all but its first bytes are a hole.

@@ -2,10 +2,14 @@
 // reader share would show here.
 //   stb (libstb-dev)      Truevision: every type, colour maps, run lengths, both vertical origins; PIC: every packing
 //                         and grouping of channels. It knows no right-to-left rows and no interleave.
-//   tgatoppm (netpbm)     Truevision: interleave, and 5-bit colours by its own rounding.
+//   tgatoppm (netpbm)     Truevision: interleave, and 5-bit colours by its own rounding. It takes no notice of
+//                         right-to-left, so that its rows are ours mirrored.
+//   ppmtotga (netpbm)     Truevision files that our writers had no hand in: true-colour, colour-mapped and grey, plain
+//                         and run-length encoded.
 
 #include "TemporaryFolder.h"
 #include "readInMemory.h"
+#include "writers/ByteList.h"
 #include "writers/picWriter.h"
 #include "writers/tgaWriter.h"
 
@@ -13,12 +17,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tvk {
@@ -103,6 +109,34 @@ File readPixmap(const std::string& path) {
     return rgb;
 }
 
+void writeFile(const std::string& path, const File& bytes) {
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+}
+
+File readFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+void run(const std::string& command) {
+    ASSERT_EQ(std::system(command.c_str()), 0) << command;
+}
+
+File decodeWithNetpbm(const TemporaryFolder& folder, const File& file) {
+    writeFile(folder.path("a.tga"), file);
+    run(std::string(TVK_TGATOPPM) + " -quiet " + folder.path("a.tga") + " >" + folder.path("a.ppm"));
+    return readPixmap(folder.path("a.ppm"));
+}
+
+File withoutAlpha(const File& pixels) {
+    File rgb;
+    for (std::size_t i = 0; i < pixels.size(); i += 4) {
+        rgb.insert(rgb.end(), {pixels[i], pixels[i + 1], pixels[i + 2]});
+    }
+    return rgb;
+}
+
 TEST(OtherDecoders, NetpbmReadsInterleavesAndFiveBitColoursAsWeDo) {
     const TemporaryFolder folder;
     for (const std::uint8_t bits : Values{16, 24}) {
@@ -113,20 +147,66 @@ TEST(OtherDecoders, NetpbmReadsInterleavesAndFiveBitColoursAsWeDo) {
                 options.interleave = interleave;
                 options.topToBottom = topToBottom;
                 const File file = writeTga(makeScatteredPicture(13, 11), options);
-                std::ofstream(folder.path("a.tga"), std::ios::binary)
-                    .write(reinterpret_cast<const char*>(file.data()), static_cast<std::streamsize>(file.size()));
-                const std::string command =
-                    std::string(TVK_TGATOPPM) + " -quiet " + folder.path("a.tga") + " >" + folder.path("a.ppm");
-                ASSERT_EQ(std::system(command.c_str()), 0) << command;
-                File ours;
-                const File pixels = readTga(file).record.pixels;
-                for (std::size_t i = 0; i < pixels.size(); i += 4) {
-                    ours.insert(ours.end(), {pixels[i], pixels[i + 1], pixels[i + 2]});
-                }
-                expectNear(ours, readPixmap(folder.path("a.ppm")), bits == 16 ? 1 : 0,
+                expectNear(withoutAlpha(readTga(file).record.pixels), decodeWithNetpbm(folder, file),
+                           bits == 16 ? 1 : 0,
                            "bits " + std::to_string(bits) + ", interleave " + std::to_string(interleave));
             }
         }
+    }
+}
+
+TEST(OtherDecoders, NetpbmReadsRowsFromRightToLeftAsOursMirrored) {
+    const TemporaryFolder folder;
+    for (const std::uint8_t type : Values{2, 10}) {
+        for (const bool topToBottom : {false, true}) {
+            TgaOptions options;
+            options.type = type;
+            options.rightToLeft = true;
+            options.topToBottom = topToBottom;
+            const File file = writeTga(makeScatteredPicture(13, 11), options);
+            File theirs = decodeWithNetpbm(folder, file);
+            ASSERT_EQ(theirs.size(), 13U * 11U * 3U);
+            for (auto row = theirs.begin(); row != theirs.end(); row += 39) {
+                std::reverse(row, row + 39); // the channels too
+                for (auto pixel = row; pixel != row + 39; pixel += 3) {
+                    std::swap(pixel[0], pixel[2]);
+                }
+            }
+            expectNear(withoutAlpha(readTga(file).record.pixels), theirs, 0, "type " + std::to_string(type));
+        }
+    }
+}
+
+TEST(OtherDecoders, WeReadWhatNetpbmWrites) {
+    const TemporaryFolder folder;
+    const Picture picture = makeRunPicture(37, 21);
+    ByteList pixmap, greymap;
+    pixmap.text("P6 37 21 255\n");
+    greymap.text("P5 37 21 255\n");
+    File colors, greys;
+    for (const Rgba& pixel : picture.pixels) {
+        colors.insert(colors.end(), {pixel.r, pixel.g, pixel.b});
+        greys.insert(greys.end(), 3, pixel.r);
+        greymap.byte(pixel.r);
+    }
+    writeFile(folder.path("color.ppm"), pixmap.all(colors).bytes);
+    writeFile(folder.path("grey.ppm"), greymap.bytes);
+    struct Row {
+        std::string options, source;
+        unsigned int imageType;
+        const File& expected;
+    };
+    for (const Row& row : {Row{"-rgb", "color", 10, colors}, Row{"-rgb -norle", "color", 2, colors},
+                           Row{"-cmap", "color", 9, colors}, Row{"-cmap -norle", "color", 1, colors},
+                           Row{"-mono", "grey", 11, greys}, Row{"-mono -norle", "grey", 3, greys}}) {
+        run(std::string(TVK_PPMTOTGA) + " -quiet " + row.options + " " + folder.path(row.source + ".ppm") + " >" +
+            folder.path("b.tga"));
+        const File file = readFile(folder.path("b.tga"));
+        ASSERT_GT(file.size(), 18U) << row.options;
+        EXPECT_EQ(unsigned{file[2]}, row.imageType) << row.options;
+        const ReadImage read = readTga(file);
+        EXPECT_EQ(read.result.error, "") << row.options;
+        expectNear(withoutAlpha(read.record.pixels), row.expected, 0, row.options);
     }
 }
 

@@ -253,6 +253,13 @@ TEST(TgaImage, LongestSidesAreRead) {
     }
 }
 
+TEST(TgaImage, TheLargestImageIsReadFromTheFewestBytes) {
+    const Picture picture(1024, 1024, {7, 7, 7});
+    const File file = writeTga(picture, optionsFor({11, 8, 24}));
+    EXPECT_EQ(file.size(), 18U + 1024U * 1024U / 128U * 2U) << "packets of 128 equal pixels";
+    EXPECT_EQ(readTga(file).record.pixels, picture.bytes());
+}
+
 TEST(TgaImage, IdentificationFieldIsSkipped) {
     const Picture picture = makeScatteredPicture(4, 4);
     for (const std::size_t length : {1U, 19U, 20U, 255U}) {
