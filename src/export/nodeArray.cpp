@@ -62,10 +62,10 @@ void writeNode(std::ostream& out, const NodeRecord& node) {
     writeLinks(out, node.output);
     writeAttributeLine(out, kAttributeTabs, "draw_mtx", onOff(node.drawMtx));
     if (run().scene.scalingRuleIsMaya) {
-        writeAttributeLine(out, kAttributeTabs, "scale_compensate", onOff(node.scaleCompensate));
+        writeAttributeLine(out, kAttributeTabs, "scale_compensate", onOff(node.writesCompensation));
     }
     writeAttributeLine(out, kAttributeTabs, "billboard", kBillboardWords.at(static_cast<std::size_t>(node.billboard)));
-    writeTransform(out, run().options.separateNodes ? node.own : node.united);
+    writeTransform(out, node.written);
     writeAttributeLine(out, kAttributeTabs, "visibility", onOff(node.visibility));
     writeAttributeLine(out, kAttributeTabs, "display_size", writtenDisplays(node));
     if (node.kind == NodeKind::kMesh) {

@@ -19,7 +19,6 @@
 namespace tvk {
 namespace {
 
-constexpr double kLargestIgnoredShear = 1e-5;
 constexpr Vector3 kNoScale{1.0, 1.0, 1.0};
 
 Vector3 toVector3(const MVector& v) {
@@ -228,6 +227,7 @@ MStatus readNode(NodeRecord& node, const BindPoseLookup& bindPose) {
         return status;
     }
     if (hasShear(node, transform)) {
+        node.shearTold = true;
         say(kShear, node.name);
     }
     if (!node.bindPoseExempt && run().options.atBindPose()) {
@@ -294,6 +294,8 @@ MStatus readNodeTransforms(const BindPoseLookup& bindPose) {
             }
         }
         buildMatrices(*node);
+        node->written = run().options.unite ? node->united : node->own;
+        node->writesCompensation = node->scaleCompensate && !run().options.unite;
     }
     informOfOuterTransforms();
     return MS::kSuccess;

@@ -64,18 +64,25 @@ struct NodeRecord {
     MDagPath originalShape; // the shape before deformation, as the walk met it; often not valid
 
     bool skipOutput = false; // stays in the list and is not written
+    bool hasFaces = false;   // some polygon with faces was made of its shape
+    bool keep = false;       // node compression leaves it
+    bool removed = false;    // node compression took it out of the output hierarchy
+    int32_t foldedCount = 0; // nearest scene ancestors in a row whose transforms are folded into its own
     bool drawMtx = false;    // a matrix of the palette or an envelope names the node
     bool noCut = false;      // protected from node compression by its attribute
     Billboard billboard = Billboard::kOff;
     bool visibility = true; // effective at the start of the range: own test and that of every ancestor
 
-    bool scaleCompensate = false; // a joint below a joint that undoes its parent's scale
-    bool bindPoseExempt = true;   // no deformer is driven by it: exported as it stands now
-    TransformSet own;             // relative to scene.parent
-    TransformSet united;          // relative to the model, for united nodes
-    Vector3 pivotOffset{};        // where the exported origin lies in the node's own space, times `magnify`
-    MMatrix local;                // own as a matrix, scale compensation included
-    MMatrix exportedWorld;        // what a reader of the file computes: product of the *quantised* locals
+    bool scaleCompensate = false;    // a joint below a joint that undoes its parent's scale
+    bool bindPoseExempt = true;      // no deformer is driven by it: exported as it stands now
+    TransformSet own;                // relative to scene.parent
+    TransformSet united;             // relative to the model, for united nodes
+    TransformSet written;            // relative to output.parent: own, united, or own with folded ancestors
+    bool writesCompensation = false; // scaleCompensate as far as it still holds below output.parent
+    bool shearTold = false;          // the warning of lost shear comes once
+    Vector3 pivotOffset{};           // where the exported origin lies in the node's own space, times `magnify`
+    MMatrix local;                   // own as a matrix, scale compensation included
+    MMatrix exportedWorld;           // what a reader of the file computes: product of the *quantised* locals
 
     /// Scale x y z, rotate x y z, translate x y z.
     std::array<AnimTrack, 9> channels;

@@ -10,6 +10,9 @@ struct Decomposition {
     Vector3 shear{};    // xy, xz, yz; what `parts` cannot hold
 };
 
+/// Shear up to here is rounding and not worth a word.
+inline constexpr double kLargestIgnoredShear = 1e-5;
+
 /// Takes a matrix apart.
 ///   matrix        last column 0 0 0 1
 ///   rotationHint  degrees, XYZ; of the angle triples that give the same rotation the one nearest to it is returned

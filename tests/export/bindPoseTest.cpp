@@ -142,6 +142,7 @@ TEST_F(BindPose, TheUnitedSetIsThePlaceInTheWorld) {
     ASSERT_TRUE(readNodeTransforms([](const NodeRecord&) { return std::nullopt; }));
     expectSet(record("world_root").united, {1, 1, 1}, {0, 0, 0}, {0, 0, 0});
     expectSet(record("a").united, {1, 1, 1}, {0, 0, 90}, {20, 0, 0});
+    expectSet(record("a").written, {1, 1, 1}, {0, 0, 90}, {20, 0, 0});
     expectSet(record("b").united, {1, 1, 1}, {0, 0, 90}, {20, 12, 0}); // 5 + 1 along the turned x, twice
 }
 

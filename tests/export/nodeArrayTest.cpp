@@ -48,9 +48,9 @@ TEST(NodeArray, SpreadsANodeOverLines) {
     arm.billboard = Billboard::kYOn;
     arm.drawMtx = true;
     arm.visibility = false;
-    arm.own.scale = {1, 0.5, -2};
-    arm.own.rotate = {0, 0, 180};
-    arm.own.translate = {0.1, -0.1, 0};
+    arm.written.scale = {1, 0.5, -2};
+    arm.written.rotate = {0, 0, 180};
+    arm.written.translate = {0.1, -0.1, 0};
     EXPECT_EQ(array(), "<node_array size=\"2\">\n"
                        "\t<node index=\"0\" name=\"root\" kind=\"null\"\n"
                        "\t\tparent=\"-1\"\n"
@@ -99,14 +99,14 @@ TEST(NodeArray, LinksBrothers) {
 TEST(NodeArray, ValuesAreStepsPrintedAsDecimals) {
     const FreshRun fresh;
     NodeRecord& node = addNode("a", NodeKind::kNull);
-    node.own.translate = {0.1, 409.5 / 4096, 1e30};
+    node.written.translate = {0.1, 409.5 / 4096, 1e30};
     EXPECT_THAT(array(), HasSubstr("\t\ttranslate=\"0.100098 0.100098 524287.999756\"\n"));
 }
 
 TEST(NodeArray, RawValuesAreTheStepsThemselves) {
     const FreshRun fresh;
     NodeRecord& node = addNode("a", NodeKind::kMesh);
-    node.own.translate = {0.1, -0.1, 0};
+    node.written.translate = {0.1, -0.1, 0};
     node.volumeRadius = 0.5;
     run().options.rawValues = true;
     EXPECT_THAT(array(), HasSubstr("\t\tscale=\"4096 4096 4096\"\n"));
@@ -131,7 +131,7 @@ TEST(NodeArray, KindsAreWords) {
 TEST(NodeArray, CompensationStandsOnEveryNodeOrOnNone) {
     const FreshRun fresh;
     NodeRecord& root = addNode("root", NodeKind::kNull);
-    addNode("arm", NodeKind::kJoint, &root).scaleCompensate = true;
+    addNode("arm", NodeKind::kJoint, &root).writesCompensation = true;
     EXPECT_THAT(array(), Not(HasSubstr("scale_compensate")));
     run().scene.scalingRuleIsMaya = true;
     EXPECT_THAT(array(), HasSubstr("\t\tdraw_mtx=\"off\"\n\t\tscale_compensate=\"off\"\n\t\tbillboard=\"off\"\n"));
@@ -146,16 +146,6 @@ TEST(NodeArray, ANodeThatIsNotWrittenCountsAllTheSame) {
     EXPECT_THAT(array(false), Not(HasSubstr("ghost")));
     EXPECT_THAT(array(true), testing::StartsWith("<node_anm_array size=\"2\">\n"));
     EXPECT_THAT(array(true), Not(HasSubstr("index=\"1\"")));
-}
-
-TEST(NodeArray, UnitedNodesPrintTheirUnitedSet) {
-    const FreshRun fresh;
-    NodeRecord& node = addNode("a", NodeKind::kNull);
-    node.own.translate = {1, 0, 0};
-    node.united.translate = {2, 0, 0};
-    EXPECT_THAT(array(), HasSubstr("\t\ttranslate=\"1.000000 0.000000 0.000000\"\n"));
-    run().options.separateNodes = false;
-    EXPECT_THAT(array(), HasSubstr("\t\ttranslate=\"2.000000 0.000000 0.000000\"\n"));
 }
 
 TEST(NodeArray, MeshNodesTellOfTheirVolumeAndWhatTheyDraw) {
