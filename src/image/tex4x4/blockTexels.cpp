@@ -8,7 +8,6 @@ namespace tvk {
 namespace {
 
 constexpr size_t kLanes = 4;
-constexpr size_t kMostTexels = 96;
 
 uint32_t packed(const uint8_t* rgba) {
     return static_cast<uint32_t>(rgba[0]) << 16U | static_cast<uint32_t>(rgba[1]) << 8U | rgba[2];

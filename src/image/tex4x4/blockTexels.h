@@ -8,8 +8,11 @@
 
 namespace tvk {
 
-/// Colours with weights, 0 to 255 a channel. `count` is a multiple of 4, so that four are looked at together; the
-/// surplus ones weigh nothing.
+/// The most texels that are looked at together: those of a few blocks.
+inline constexpr size_t kMostTexels = 96;
+
+/// Colours with weights, 0 to 255 a channel. `count` is a multiple of 4, so that four are looked at together, and at
+/// most kMostTexels; the surplus ones weigh nothing.
 struct TexelView {
     std::array<const float*, 3> channels{};
     const float* weights = nullptr;
@@ -19,6 +22,8 @@ struct TexelView {
 /// The different colours of up to `Capacity` texels (a multiple of 4), each with the number of its texels.
 template <size_t Capacity>
 struct WeightedColors {
+    static_assert(Capacity % 4 == 0 && Capacity <= kMostTexels);
+
     alignas(16) std::array<std::array<float, Capacity>, 3> channels{};
     alignas(16) std::array<float, Capacity> weights{};
     size_t count = 0;

@@ -139,7 +139,7 @@ struct Candidate {
 // Texels to places, pair to texels, and so on as long as it helps.
 void alternate(const Tex4x4Colors& colors, TexelView texels, Candidate& best) {
     constexpr int kRounds = 8;
-    std::array<uint8_t, kGroupTexels> indices{};
+    std::array<uint8_t, kMostTexels> indices{};
     ColorPair pair = best.pair;
     for (int round = 0; round < kRounds; ++round) {
         const float error = assignTexels(texels, colors.pairPalette(best.mode, pair), indices.data());

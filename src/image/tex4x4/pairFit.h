@@ -46,9 +46,7 @@ enum class PairEffort {
 };
 
 /// A pair that serves texels well: of at most two colours exactly, else near the optimum when it is thorough.
-///   texels   weigh something; at most kGroupTexels
+///   texels   weigh something
 PairFit fitPair(const Tex4x4Colors& colors, TexelView texels, bool hasHoles, PairEffort effort);
-
-inline constexpr size_t kGroupTexels = 96;
 
 } // namespace tvk

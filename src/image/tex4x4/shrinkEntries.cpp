@@ -10,7 +10,7 @@ namespace {
 constexpr uint32_t kNoEntry = 0xFFFFFFFF;
 constexpr double kImpossible = 1e30;
 // Merged blocks are fitted anew, which is worth its time for small groups only.
-constexpr size_t kGroupBlocks = 6;
+constexpr size_t kGroupBlocks = kMostTexels / kBlockTexels;
 // Entries that one is joined with for trial.
 constexpr size_t kPartners = 6;
 
@@ -173,7 +173,7 @@ private:
         if (group.size() > kGroupBlocks) {
             return false;
         }
-        WeightedColors<kGroupTexels> all;
+        WeightedColors<kMostTexels> all;
         const bool hasHoles = blocks[group.front()].texels.hasHoles;
         for (const uint32_t block : group) {
             const auto& texels = blocks[block].texels;
