@@ -1,4 +1,9 @@
 #include "host/nodes/apiTypes.h"
+#include "host/nodes/blendShapeCompute.h"
+#include "host/nodes/clusterCompute.h"
+#include "host/nodes/deformerCompute.h"
+#include "host/nodes/historyCompute.h"
+#include "host/nodes/skinCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 
@@ -21,7 +26,7 @@ constexpr AttributeRow kGeometryFilter[] = {
     {"fchild", "fc", "any"},
     {"map64BitIndices", "mfi", "bool"},
     {"blockGPU", "bgpu", "bool"},
-    {"outputGeometry", "og", "geometry", {}, 0, kArray},
+    {"outputGeometry", "og", "geometry", {}, 0, kArray | kComputed},
 };
 
 constexpr AttributeRow kWeightGeometryFilter[] = {
@@ -68,6 +73,7 @@ constexpr AttributeRow kSkinCluster[] = {
     {"perInfluencePrebindMatrix", "pipm", "matrix"},
     {"relativeSpaceMode", "rsm", "enum"},
     {"relativeSpaceMatrix", "rsmt", "matrix"},
+    {"weightTable", "wtbl", "data", {}, 0, kComputed | kHidden},
 };
 
 constexpr AttributeRow kCluster[] = {
@@ -108,9 +114,9 @@ constexpr AttributeRow kJointCluster[] = {
 constexpr AttributeRow kTweak[] = {
     {"relativeTweak", "rtw", "bool", {}, 1},
     {"plist", "pl", "compound", {}, 0, kArray},
-    {".controlPoints", "cp", "double3", "xValue xv yValue yv zValue zv", 0, kArray},
+    {".controlPoints", "cp", "distance3", "xValue xv yValue yv zValue zv", 0, kArray},
     {"vlist", "vl", "compound", {}, 0, kArray},
-    {".vertex", "vt", "float3", "xVertex vx yVertex vy zVertex vz", 0, kArray},
+    {".vertex", "vt", "floatLinear3", "xVertex vx yVertex vy zVertex vz", 0, kArray},
 };
 
 constexpr AttributeRow kBlendShape[] = {
@@ -159,7 +165,7 @@ constexpr AttributeRow kBlendShape[] = {
 };
 
 constexpr AttributeRow kGroupId[] = {
-    {"groupId", "id", "long"},
+    {"groupId", "id", "long", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kGroupParts[] = {
@@ -167,12 +173,15 @@ constexpr AttributeRow kGroupParts[] = {
     {"inputComponents", "ic", "componentList"},
     {"inputRemoveComponent", "irc", "componentList"},
     {"groupId", "gi", "long"},
-    {"outputGeometry", "og", "geometry"},
+    {"outputGeometry", "og", "geometry", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kTransformGeometry[] = {
-    {"inputGeometry", "ig", "geometry"}, {"transform", "txf", "matrix"},       {"invertTransform", "itf", "bool"},
-    {"freezeNormals", "fn", "bool"},     {"outputGeometry", "og", "geometry"},
+    {"inputGeometry", "ig", "geometry"},
+    {"transform", "txf", "matrix"},
+    {"invertTransform", "itf", "bool"},
+    {"freezeNormals", "fn", "bool"},
+    {"outputGeometry", "og", "geometry", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kFfd[] = {
@@ -202,17 +211,21 @@ constexpr AttributeRow kWrap[] = {
     {"geomMatrix", "gm", "matrix"},
 };
 
-constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
+constexpr TypeBehaviour kPassing{DagRole::kNone, computePassingDeformer, {}, true};
+
+constexpr TypeBehaviour computedBy(ComputeFunction compute) {
+    return {DagRole::kNone, compute};
+}
 
 constexpr TypeRow kTypes[] = {
-    {"geometryFilter", "dependNode", api::kGeometryFilt, kGeometryFilter, kNotEvaluated},
+    {"geometryFilter", "dependNode", api::kGeometryFilt, kGeometryFilter, kPassing},
     {"weightGeometryFilter", "geometryFilter", api::kWeightGeometryFilt, kWeightGeometryFilter},
-    {"skinCluster", "geometryFilter", api::kSkinClusterFilter, kSkinCluster},
-    {"cluster", "weightGeometryFilter", api::kClusterFilter, kCluster},
-    {"jointCluster", "weightGeometryFilter", api::kJointCluster, kJointCluster},
+    {"skinCluster", "geometryFilter", api::kSkinClusterFilter, kSkinCluster, computedBy(computeSkinCluster)},
+    {"cluster", "weightGeometryFilter", api::kClusterFilter, kCluster, computedBy(computeCluster)},
+    {"jointCluster", "weightGeometryFilter", api::kJointCluster, kJointCluster, computedBy(computeCluster)},
     {"softMod", "weightGeometryFilter", api::kSoftMod},
-    {"tweak", "geometryFilter", api::kTweak, kTweak},
-    {"blendShape", "geometryFilter", api::kBlendShape, kBlendShape},
+    {"tweak", "geometryFilter", api::kTweak, kTweak, computedBy(computeTweak)},
+    {"blendShape", "geometryFilter", api::kBlendShape, kBlendShape, computedBy(computeBlendShape)},
     {"ffd", "weightGeometryFilter", api::kFFD, kFfd},
     {"nonLinear", "weightGeometryFilter", api::kNonLinear, kNonLinear},
     {"sculpt", "weightGeometryFilter", api::kSculpt},
@@ -225,9 +238,10 @@ constexpr TypeRow kTypes[] = {
     {"proximityWrap", "weightGeometryFilter", api::kProximityWrap},
     {"textureDeformer", "weightGeometryFilter", api::kTextureDeformer},
     {"morph", "weightGeometryFilter", api::kMorph},
-    {"groupId", "dependNode", api::kGroupId, kGroupId},
-    {"groupParts", "dependNode", api::kGroupParts, kGroupParts, kNotEvaluated},
-    {"transformGeometry", "dependNode", api::kTransformGeometry, kTransformGeometry, kNotEvaluated},
+    {"groupId", "dependNode", api::kGroupId, kGroupId, computedBy(computeGroupId)},
+    {"groupParts", "dependNode", api::kGroupParts, kGroupParts, computedBy(computeGroupParts)},
+    {"transformGeometry", "dependNode", api::kTransformGeometry, kTransformGeometry,
+     computedBy(computeTransformGeometry)},
 };
 
 } // namespace

@@ -1,8 +1,10 @@
 #include "host/nodes/nodeTypes.h"
 
+#include "host/nodes/clusterCompute.h"
 #include "host/nodes/curveCompute.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/meshCompute.h"
+#include "host/nodes/skinCompute.h"
 #include "host/nodes/typeTables.h"
 
 namespace host {
@@ -19,6 +21,8 @@ constexpr AffectsRow kAffects[] = {
     {computeDagMatrices, fillDagAffects},
     {computeAnimCurve, fillCurveAffects},
     {computeMesh, fillMeshAffects},
+    {computeSkinCluster, fillSkinAffects},
+    {computeClusterHandle, fillDagAffects},
 };
 
 } // namespace

@@ -1,4 +1,6 @@
 #include "host/nodes/apiTypes.h"
+#include "host/nodes/historyCompute.h"
+#include "host/nodes/polyCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 
@@ -9,7 +11,7 @@ namespace {
 using namespace row;
 
 constexpr AttributeRow kPolyBase[] = {
-    {"output", "out", "mesh"},
+    {"output", "out", "mesh", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kPolyPrimitive[] = {
@@ -116,7 +118,7 @@ constexpr AttributeRow kPolyColorPerVertex[] = {
 };
 
 constexpr AttributeRow kPolyTweak[] = {
-    {"tweak", "tk", "float3", "XYZ", 0, kArray},
+    {"tweak", "tk", "floatLinear3", "XYZ", 0, kArray},
 };
 
 constexpr AttributeRow kPolyTweakUv[] = {
@@ -153,25 +155,34 @@ constexpr AttributeRow kPolyUnite[] = {
 constexpr AttributeRow kDeleteComponent[] = {
     {"inputGeometry", "ig", "geometry"},
     {"deleteComponents", "dc", "componentList"},
-    {"outputGeometry", "og", "geometry"},
+    {"outputGeometry", "og", "geometry", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kCreateColorSet[] = {
-    {"inputGeometry", "ig", "geometry"},       {"colorSetName", "cs", "string"},
-    {"representation", "rprt", "enum", {}, 3}, {"clamped", "clam", "bool"},
-    {"outputGeometry", "og", "geometry"},
+    {"inputGeometry", "ig", "geometry"},
+    {"colorSetName", "cs", "string"},
+    {"representation", "rprt", "enum", {}, 3},
+    {"clamped", "clam", "bool"},
+    {"outputGeometry", "og", "geometry", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kUvSetNode[] = {
     {"inputGeometry", "ig", "geometry"},
     {"uvSetName", "uvs", "string"},
-    {"outputGeometry", "og", "geometry"},
+    {"outputGeometry", "og", "geometry", {}, 0, kComputed},
 };
 
 constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
+constexpr TypeBehaviour kMakesNothing{DagRole::kNone, computeNoMesh, {}, true};
+constexpr TypeBehaviour kPassingModifier{DagRole::kNone, computePassingModifier, {}, true};
+constexpr TypeBehaviour kPassingGeometry{DagRole::kNone, computePassingGeometry, {}, true};
+
+constexpr TypeBehaviour computedBy(ComputeFunction compute) {
+    return {DagRole::kNone, compute};
+}
 
 constexpr TypeRow kTypes[] = {
-    {"polyBase", "dependNode", api::kMidModifier, kPolyBase, kNotEvaluated},
+    {"polyBase", "dependNode", api::kMidModifier, kPolyBase, kMakesNothing},
     {"polyCreator", "polyBase", api::kPolyCreator},
     {"polyPrimitive", "polyCreator", api::kPolyPrimitive, kPolyPrimitive},
     {"polyCube", "polyPrimitive", api::kPolyCube, kPolyCube},
@@ -188,7 +199,7 @@ constexpr TypeRow kTypes[] = {
     {"polyCreateFace", "polyCreator", api::kPolyCreateFacet},
     {"polyUnite", "polyCreator", api::kPolyUnite, kPolyUnite},
     {"polySeparate", "polyBase", api::kPolySeparate},
-    {"polyModifier", "polyBase", api::kMidModifier, kPolyModifier},
+    {"polyModifier", "polyBase", api::kMidModifier, kPolyModifier, kPassingModifier},
     {"polyAppend", "polyModifier", api::kPolyAppend},
     {"polyAppendVertex", "polyModifier", api::kPolyAppendVertex},
     {"polyAutoProj", "polyModifier", api::kPolyAutoProj},
@@ -262,18 +273,18 @@ constexpr TypeRow kTypes[] = {
     {"polySubdFace", "polyModifier", api::kPolySubdFacet, kPolySubdFace},
     {"polyTransfer", "polyModifier", api::kPolyTransfer},
     {"polyTriangulate", "polyModifier", api::kPolyTriangulate},
-    {"polyTweak", "polyModifier", api::kPolyTweak, kPolyTweak},
+    {"polyTweak", "polyModifier", api::kPolyTweak, kPolyTweak, computedBy(computePolyTweak)},
     {"polyTweakUV", "polyModifier", api::kPolyTweakUV, kPolyTweakUv},
     {"polyUnsmooth", "polyModifier", api::kPolyUnsmooth},
     {"polyWedgeFace", "polyModifier", api::kPolyWedgeFace},
     {"transferAttributes", "weightGeometryFilter", api::kPolyTransferAttributes},
-    {"deleteComponent", "dependNode", api::kDeleteComponent, kDeleteComponent, kNotEvaluated},
-    {"createColorSet", "dependNode", api::kCreateColorSet, kCreateColorSet, kNotEvaluated},
-    {"copyColorSet", "dependNode", api::kCopyColorSet, kCreateColorSet, kNotEvaluated},
-    {"deleteColorSet", "dependNode", api::kDeleteColorSet, kCreateColorSet, kNotEvaluated},
-    {"createUVSet", "dependNode", api::kCreateUVSet, kUvSetNode, kNotEvaluated},
+    {"deleteComponent", "dependNode", api::kDeleteComponent, kDeleteComponent, kPassingGeometry},
+    {"createColorSet", "dependNode", api::kCreateColorSet, kCreateColorSet, computedBy(computeCreateColorSet)},
+    {"copyColorSet", "dependNode", api::kCopyColorSet, kCreateColorSet, kPassingGeometry},
+    {"deleteColorSet", "dependNode", api::kDeleteColorSet, kCreateColorSet, computedBy(computeDeleteColorSet)},
+    {"createUVSet", "dependNode", api::kCreateUVSet, kUvSetNode, computedBy(computeCreateUvSet)},
     {"polyCopyUV", "polyModifier", api::kCopyUVSet},
-    {"deleteUVSet", "dependNode", api::kDeleteUVSet, kUvSetNode, kNotEvaluated},
+    {"deleteUVSet", "dependNode", api::kDeleteUVSet, kUvSetNode, computedBy(computeDeleteUvSet)},
     {"nurbsTessellate", "dependNode", api::kNurbsTesselate, kNotEvaluated},
     {"subdToPoly", "dependNode", api::kSubdToPoly, kNotEvaluated},
 };

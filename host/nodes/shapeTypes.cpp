@@ -1,4 +1,5 @@
 #include "host/nodes/apiTypes.h"
+#include "host/nodes/clusterCompute.h"
 #include "host/nodes/meshCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
@@ -243,7 +244,7 @@ constexpr AttributeRow kClusterHandle[] = {
     {"weightedNode", "wn", "any"},
     {"weightedCompensationMatrix", "wcm", "matrix", {}, 0, kArray},
     {"preCompensationMatrix", "pcm", "matrix", {}, 0, kArray},
-    {"clusterTransforms", "x", "compound", {}, 0, kArray},
+    {"clusterTransforms", "x", "compound", {}, 0, kWorld | kComputed},
     {".preMatrix", "pre", "matrix"},
     {".weightedMatrix", "wt", "matrix"},
     {".postMatrix", "post", "matrix"},
@@ -344,7 +345,8 @@ constexpr TypeRow kTypes[] = {
     {"lattice", "controlPoint", api::kLattice, kLattice},
     {"baseLattice", "geometryShape", api::kBaseLattice},
     {"locator", "geometryShape", api::kLocator, kLocator},
-    {"clusterHandle", "geometryShape", api::kCluster, kClusterHandle},
+    {"clusterHandle", "geometryShape", api::kCluster, kClusterHandle,
+     TypeBehaviour{DagRole::kNone, computeClusterHandle}},
     {"softModHandle", "geometryShape", api::kSoftModHandle},
     {"deformFunc", "geometryShape", api::kDeformFunc},
     {"camera", "shape", api::kCamera, kCamera},
