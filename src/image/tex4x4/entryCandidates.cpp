@@ -1,8 +1,7 @@
 #include "image/tex4x4/entryCandidates.h"
 
-#include "image/tex4x4/nearestPoints.h"
-
 #include <algorithm>
+#include <utility>
 
 namespace tvk {
 namespace {
@@ -38,12 +37,21 @@ BlockNeighbours findNeighbours(const Tex4x4Colors& colors, const std::vector<Pal
     for (const PaletteBlock& block : blocks) {
         points.push_back(pointOf(colors, block.pair.pair));
     }
-    return findNearest(points, kBlockNeighbours);
+    const NearestPoints nearest(std::move(points));
+    BlockNeighbours neighbours;
+    neighbours.reserve(blocks.size());
+    for (uint32_t block = 0; block < blocks.size(); ++block) {
+        neighbours.push_back(nearest.find(block, kBlockNeighbours));
+    }
+    return neighbours;
 }
 
 EntryCandidates::EntryCandidates(const Tex4x4Colors& colors, const BlockNeighbours& blockNeighbours,
                                  const PaletteDraft& paletteDraft)
-    : neighbours(blockNeighbours), draft(paletteDraft), pointOfEntry(draft.entries.size()) {
+    : neighbours(blockNeighbours), draft(paletteDraft), pointOfEntry(draft.entries.size()),
+      entryPoints(pointsOfEntries(colors)) {}
+
+std::vector<Point6> EntryCandidates::pointsOfEntries(const Tex4x4Colors& colors) {
     std::vector<Point6> points;
     for (uint32_t entry = 0; entry < draft.entries.size(); ++entry) {
         if (draft.entries[entry].pairs > 0) {
@@ -52,7 +60,7 @@ EntryCandidates::EntryCandidates(const Tex4x4Colors& colors, const BlockNeighbou
             points.push_back(pointOf(colors, draft.entries[entry].pair(0)));
         }
     }
-    likePoints = findNearest(points, kLikeEntries);
+    return points;
 }
 
 void EntryCandidates::find(size_t block, std::vector<uint32_t>& entries) const {
@@ -66,7 +74,7 @@ void EntryCandidates::find(size_t block, std::vector<uint32_t>& entries) const {
 }
 
 void EntryCandidates::addLikeEntries(uint32_t entry, std::vector<uint32_t>& entries) const {
-    for (const uint32_t point : likePoints[pointOfEntry[entry]]) {
+    for (const uint32_t point : entryPoints.find(pointOfEntry[entry], kLikeEntries)) {
         addOnce(entryOfPoint[point], entries);
     }
 }

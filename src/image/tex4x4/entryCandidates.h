@@ -1,5 +1,6 @@
 #pragma once
 
+#include "image/tex4x4/nearestPoints.h"
 #include "image/tex4x4/paletteEntries.h"
 
 #include <cstddef>
@@ -25,13 +26,14 @@ public:
     void find(size_t block, std::vector<uint32_t>& entries) const;
 
 private:
+    std::vector<Point6> pointsOfEntries(const Tex4x4Colors& colors);
     void addLikeEntries(uint32_t entry, std::vector<uint32_t>& entries) const;
 
     const BlockNeighbours& neighbours;
     const PaletteDraft& draft;
     std::vector<uint32_t> entryOfPoint; // the entries that are not given up
     std::vector<uint32_t> pointOfEntry;
-    BlockNeighbours likePoints;
+    NearestPoints entryPoints;
 };
 
 } // namespace tvk
