@@ -4,6 +4,7 @@
 
 #include <maya/MDagPath.h>
 #include <maya/MMatrix.h>
+#include <maya/MObject.h>
 
 #include <array>
 #include <cstdint>
@@ -27,8 +28,7 @@ struct ShapeRecord {
     std::string name;
     int32_t vertexCount = 0;
     int32_t faceCount = 0;
-    bool isDeformed = false;      // some deformer that a skeleton drives is upstream
-    bool hasOriginalMesh = false; // and the mesh that it deforms was found
+    bool hasOriginalMesh = false; // it is deformed, and the mesh before that was found
     bool isSkinned = false;       // an effective skin, joint cluster or cluster drives its vertices
     bool isFlipped = false;       // its normals point to the other side
 
@@ -36,6 +36,7 @@ struct ShapeRecord {
     MMatrix bindWorld;                 // of the mesh when it was bound; `world` unless skinned
     MMatrix outerWorld;                // of what lies above the exported nodes
     std::vector<Influence> influences; // of a skinned shape
+    std::vector<MObject> deformers;    // that a skeleton drives, nearest first
 
     int32_t firstVertex = 0; // place of its first vertex in SceneData::vertexMatrices
 
@@ -48,8 +49,9 @@ struct ShapeRecord {
     std::vector<FloatVector3> undeformedNormals; // without; empty when there is no difference
     std::string uvSet = "map1";
 
-    double positionScale = 1.0;    // that this shape alone needs; the model's once that is known
     std::vector<int32_t> polygons; // in SceneData::polygons
+
+    bool isDeformed() const { return !deformers.empty(); }
 
     /// The normals of the pose that is exported.
     const std::vector<FloatVector3>& exportedNormals() const {

@@ -2,6 +2,8 @@
 
 // The one place that knows how the host's API differs between versions.
 
+#include <maya/MDoubleArray.h>
+#include <maya/MFloatArray.h>
 #include <maya/MFnDependencyNode.h>
 #include <maya/MFnTransform.h>
 #include <maya/MPlug.h>
@@ -20,6 +22,13 @@
 #endif
 
 namespace tvk {
+
+/// What skin clusters give their weights in.
+#if MAYA_API_VERSION >= 200800
+using SkinWeightArray = MDoubleArray;
+#else
+using SkinWeightArray = MFloatArray;
+#endif
 
 /// The node's plug of a long or short attribute name; null when it has no such attribute.
 inline MPlug findPlug(const MFnDependencyNode& node, const char* name) {
