@@ -24,8 +24,8 @@ struct QualityCase {
     double halfMargin;     // and with one of half of the blocks' bytes
 };
 
-void PrintTo(const QualityCase& row, std::ostream* out) {
-    *out << row.name;
+std::ostream& operator<<(std::ostream& out, const QualityCase& row) {
+    return out << row.name;
 }
 
 class Tex4x4Quality : public testing::TestWithParam<QualityCase> {
