@@ -20,7 +20,7 @@ namespace {
 // Rows of bricks lie half a brick apart, with two texels of mortar between them.
 Pixel brickAt(int column, int row) {
     const int course = row / 8;
-    const int along = (column + (course % 2) * 8) % 64;
+    const int along = (column + (course % 2) * 8) % 32;
     if (row % 8 < 2 || along % 16 < 2) {
         return pixel5(19 + noiseAt(column, row, 1) / 64, 18 + noiseAt(column, row, 1) / 64, 17);
     }
@@ -30,11 +30,11 @@ Pixel brickAt(int column, int row) {
     return pixel5(16 + tone + grain + lit, 7 + tone / 2 + grain, 5 + grain + lit);
 }
 
-// 32 at the middle of the sun, 0 at 24 texels from it.
+// 32 at the middle of the sun, 0 at 12 texels from it.
 int sunlightAt(int column, int row) {
-    const int across = column - 44, down = row - 40;
+    const int across = 8 * (column - 22), down = 8 * (row - 20);
     const int distance = rootOf(across * across + down * down);
-    return distance >= 24 ? 0 : 32 - distance * 32 / 24;
+    return distance >= 96 ? 0 : 32 - distance / 3;
 }
 
 Pixel flowerOr(int column, int row, const Pixel& grass) {
@@ -55,7 +55,7 @@ Pixel flowerOr(int column, int row, const Pixel& grass) {
 } // namespace
 
 Picture paintBricks() {
-    Picture picture(64, 64);
+    Picture picture(32, 32);
     for (int row = 0; row < picture.height; ++row) {
         for (int column = 0; column < picture.width; ++column) {
             picture.at(column, row) = brickAt(column, row);
@@ -65,13 +65,13 @@ Picture paintBricks() {
 }
 
 Picture paintSky() {
-    Picture picture(64, 64);
+    Picture picture(32, 32);
     for (int row = 0; row < picture.height; ++row) {
         for (int column = 0; column < picture.width; ++column) {
             const int sun = sunlightAt(column, row);
-            const int red = 4 + row * 22 / 63 + column * 6 / 63 + sun / 3;
-            const int green = 9 + row * 14 / 63 + sun / 2;
-            const int blue = 28 - row * 12 / 63 + sun / 6 - column * 4 / 63;
+            const int red = 4 + row * 22 / 31 + column * 6 / 31 + sun / 3;
+            const int green = 9 + row * 14 / 31 + sun / 2;
+            const int blue = 28 - row * 12 / 31 + sun / 6 - column * 4 / 31;
             picture.at(column, row) = pixel5(red, green, blue);
         }
     }
@@ -79,11 +79,11 @@ Picture paintSky() {
 }
 
 Picture paintMeadow() {
-    Picture picture(64, 64);
+    Picture picture(32, 32);
     for (int row = 0; row < picture.height; ++row) {
         for (int column = 0; column < picture.width; ++column) {
             const int blade = noiseAt(column, row / 3, 4) / 52; // blades of grass stand upright
-            const int shade = row * 6 / 63;
+            const int shade = row * 6 / 31;
             picture.at(column, row) = flowerOr(column, row, pixel5(5 + blade, 14 + blade * 2 + shade, 4 + blade / 2));
         }
     }
