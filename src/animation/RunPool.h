@@ -1,0 +1,187 @@
+#pragma once
+
+#include "animation/PlaceTable.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <vector>
+
+namespace tvk {
+
+/// Data that channels share: each run of symbols is stored at the lowest place where the pool has the same symbols
+/// already, be it inside a run stored before or across two of them, else at the end.
+///   Symbol   comparable with ==
+///   Hash     callable: const Symbol& -> uint64_t
+///   kGram    runs of fewer than 2 * kGram - 1 symbols get an index of their own per length
+///
+/// Time is linear in the symbols given, memory in those stored. Every kGram-th place of the pool is indexed by the hash
+/// of the kGram symbols there; one of the first kGram grams of a run falls on such a place wherever the run stands.
+/// Hashes of the pool's beginnings check a candidate in constant time and one true comparison confirms it. Where a gram
+/// is too common (held poses), an index of all windows of the run's length answers; channels of one frame range have a
+/// handful of lengths.
+template <typename Symbol, typename Hash, int32_t kGram>
+class RunPool {
+public:
+    /// Place of the run's first symbol. An empty run stands at 0.
+    int32_t findOrAppend(const std::vector<Symbol>& run) {
+        const int32_t found = find(run);
+        if (found >= 0) {
+            return found;
+        }
+        const int32_t place = size();
+        symbols_.insert(symbols_.end(), run.begin(), run.end());
+        for (const Symbol& symbol : run) {
+            beginnings_.push_back(extended(beginnings_.back(), symbol));
+        }
+        return place;
+    }
+
+    const std::vector<Symbol>& symbols() const { return symbols_; }
+
+private:
+    static constexpr uint64_t kBase = 0x9E3779B97F4A7C15U; // odd: hashes are polynomials modulo 2^64
+    static constexpr int32_t kCommon = 32;                 // candidates that are worth a look
+    static constexpr int32_t kTooCommon = -2;
+    static constexpr int32_t kAbsent = -1;
+
+    struct WindowIndex {
+        PlaceTable places;
+        int32_t indexed = 0; // windows at places below are in the table
+        uint64_t power = 1;  // kBase to the window's length
+    };
+
+    int32_t size() const { return static_cast<int32_t>(symbols_.size()); }
+
+    static uint64_t extended(uint64_t hash, const Symbol& symbol) { return hash * kBase + mixed(Hash()(symbol)); }
+
+    static uint64_t mixed(uint64_t value) {
+        value = (value ^ (value >> 30U)) * 0xBF58476D1CE4E5B9U;
+        value = (value ^ (value >> 27U)) * 0x94D049BB133111EBU;
+        return value ^ (value >> 31U);
+    }
+
+    static uint64_t powerOf(int32_t length) {
+        uint64_t result = 1;
+        uint64_t base = kBase;
+        for (; length > 0; length >>= 1) {
+            result *= (length & 1) != 0 ? base : 1;
+            base *= base;
+        }
+        return result;
+    }
+
+    // Of the symbols from `place` on, given the hash of so many.
+    static uint64_t windowHash(const std::vector<uint64_t>& beginnings, int32_t place, int32_t length, uint64_t power) {
+        const auto at = static_cast<std::size_t>(place);
+        return beginnings[at + static_cast<std::size_t>(length)] - beginnings[at] * power;
+    }
+
+    bool standsAt(const std::vector<Symbol>& run, int32_t place) const {
+        return std::equal(run.begin(), run.end(), symbols_.begin() + place);
+    }
+
+    int32_t find(const std::vector<Symbol>& run) {
+        const auto length = static_cast<int32_t>(run.size());
+        if (length == 0) {
+            return 0;
+        }
+        if (length > size()) {
+            return kAbsent;
+        }
+        runBeginnings_.assign(1, 0);
+        for (const Symbol& symbol : run) {
+            runBeginnings_.push_back(extended(runBeginnings_.back(), symbol));
+        }
+        const int32_t found = length < 2 * kGram - 1 ? kTooCommon : findByGrams(run);
+        return found == kTooCommon ? findByWindows(run) : found;
+    }
+
+    int32_t findByGrams(const std::vector<Symbol>& run) {
+        indexGrams();
+        const auto length = static_cast<int32_t>(run.size());
+        const uint64_t power = powerOf(length);
+        const uint64_t hash = runBeginnings_.back();
+        int32_t lowest = kAbsent;
+        for (int32_t offset = 0; offset < kGram; ++offset) {
+            int32_t looked = 0;
+            for (int32_t gram = firstGram(windowHash(runBeginnings_, offset, kGram, kGramPower)); gram >= 0;
+                 gram = nextSame_[static_cast<std::size_t>(gram)]) {
+                if (++looked > kCommon) {
+                    return kTooCommon;
+                }
+                const int32_t place = gram * kGram - offset;
+                if (place < 0 || place + length > size()) {
+                    continue;
+                }
+                if (lowest >= 0 && place >= lowest) {
+                    break;
+                }
+                if (windowHash(beginnings_, place, length, power) == hash && standsAt(run, place)) {
+                    lowest = place;
+                    break;
+                }
+            }
+        }
+        return lowest;
+    }
+
+    uint64_t gramHash(int32_t gram) const { return windowHash(beginnings_, gram * kGram, kGram, kGramPower); }
+
+    int32_t firstGram(uint64_t hash) const {
+        return grams_.find(hash, [this](int32_t gram) { return gramHash(gram); });
+    }
+
+    void indexGrams() {
+        while ((static_cast<int32_t>(nextSame_.size()) + 1) * kGram <= size()) {
+            const auto gram = static_cast<int32_t>(nextSame_.size());
+            nextSame_.push_back(-1);
+            lastSame_.push_back(gram);
+            const int32_t first =
+                grams_.findOrAdd(gramHash(gram), gram, [this](int32_t other) { return gramHash(other); });
+            if (first != gram) {
+                int32_t& last = lastSame_[static_cast<std::size_t>(first)];
+                nextSame_[static_cast<std::size_t>(last)] = gram;
+                last = gram;
+            }
+        }
+    }
+
+    int32_t findByWindows(const std::vector<Symbol>& run) {
+        const auto length = static_cast<int32_t>(run.size());
+        WindowIndex& index = windows_[length];
+        if (index.indexed == 0) {
+            index.power = powerOf(length);
+        }
+        const auto hashAt = [&](int32_t place) { return windowHash(beginnings_, place, length, index.power); };
+        for (; index.indexed + length <= size(); ++index.indexed) {
+            index.places.findOrAdd(hashAt(index.indexed), index.indexed, hashAt);
+        }
+        const int32_t place = index.places.find(runBeginnings_.back(), hashAt);
+        if (place < 0 || standsAt(run, place)) {
+            return place;
+        }
+        // Another window with the same hash hides whatever comes behind it.
+        const auto literal = std::search(symbols_.begin(), symbols_.end(), run.begin(), run.end());
+        return literal == symbols_.end() ? kAbsent : static_cast<int32_t>(literal - symbols_.begin());
+    }
+
+    std::vector<Symbol> symbols_;
+    std::vector<uint64_t> beginnings_{0};    // hash of the first i symbols
+    PlaceTable grams_;                       // first gram of each hash; grams are counted, not placed
+    std::vector<int32_t> nextSame_;          // per gram the next of the same hash, -1 after the last
+    std::vector<int32_t> lastSame_;          // per first gram the last of the same hash
+    std::map<int32_t, WindowIndex> windows_; // by length
+    std::vector<uint64_t> runBeginnings_;
+    static inline const uint64_t kGramPower = powerOf(kGram);
+};
+
+struct NumberHash {
+    uint64_t operator()(int32_t value) const { return static_cast<uint32_t>(value); }
+};
+
+/// The pools of stepped channels.
+using NumberPool = RunPool<int32_t, NumberHash, 32>;
+
+} // namespace tvk
