@@ -59,6 +59,26 @@ void shadeFaces(const SetShare& share, int place, MIntArray& indices) {
     }
 }
 
+/// Gives the faces that are in no group to this one, if there is such a group and such a face.
+void shadeRest(Node* group, MObjectArray& shaders, MIntArray& indices) {
+    if (group == nullptr) {
+        return;
+    }
+    const MObject object = ApiAccess::object(*group);
+    unsigned int place = 0;
+    while (place < shaders.length() && shaders[place] != object) {
+        ++place;
+    }
+    for (unsigned int face = 0; face < indices.length(); ++face) {
+        if (indices[face] < 0) {
+            indices[face] = static_cast<int>(place);
+            if (place == shaders.length()) {
+                shaders.append(object);
+            }
+        }
+    }
+}
+
 } // namespace
 
 MStatus MFnMesh::getConnectedSetsAndMembers(unsigned int instanceNumber, MObjectArray& sets, MObjectArray& components,
@@ -97,5 +117,6 @@ MStatus MFnMesh::getConnectedShaders(unsigned int instanceNumber, MObjectArray& 
         }
         shadeFaces(share, place, indices);
     }
+    shadeRest(host::shadingGroupOfRest(*shape, static_cast<std::int32_t>(instanceNumber)), shaders, indices);
     return MStatus::kSuccess;
 }

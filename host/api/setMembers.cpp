@@ -157,4 +157,20 @@ std::vector<SetShare> setsOf(Node& shape, std::int32_t instance) {
     return shares.finish();
 }
 
+Node* shadingGroupOfRest(Node& shape, std::int32_t instance) {
+    const AttrIndex attr = shape.findAttribute("compObjectGroups");
+    if (attr == kNoAttr) {
+        return nullptr;
+    }
+    const Plug groups{&shape, PlugAddress{attr, 0, {}}.element(instance)};
+    for (const std::int32_t group : Host::instance().graph().elementIndices(groups)) {
+        for (Node* set : setsBehind({&shape, groups.at.element(group)})) {
+            if (set->type().isKindOf("shadingEngine")) {
+                return set;
+            }
+        }
+    }
+    return nullptr;
+}
+
 } // namespace host

@@ -23,4 +23,7 @@ struct SetShare {
 /// the instance's groups.
 std::vector<SetShare> setsOf(Node& shape, std::int32_t instance);
 
+/// The shading group that has what is left of the instance when all others took their faces; null when there is none.
+Node* shadingGroupOfRest(Node& shape, std::int32_t instance);
+
 } // namespace host

@@ -132,6 +132,16 @@ TEST_F(MFnMeshSetsTest, groupsThatNoSetHasDoNotCount) {
     EXPECT_THAT(sets(0, false), IsEmpty());
 }
 
+TEST_F(MFnMeshSetsTest, theGroupOfTheRestShadesWhatNoOtherHas) {
+    assign("iog[0].og[0]", "f[1]", "red");
+    run("connectAttr \"m.ciog[0].cog[2]\" blue.dsm -na; connectAttr \"m.ciog[1].cog[0]\" red.dsm -na");
+    EXPECT_THAT(shaders(0, 2), ElementsAre(1, 0, 1, 1));
+    EXPECT_THAT(sets(0, true), ElementsAre("red: kMeshPolygonComponent 1")) << "no members of their own";
+    assign("iog[0].og[1]", "f[0]", "red");
+    assign("iog[0].og[2]", "f[2:3]", "green");
+    EXPECT_THAT(shaders(0, 2), ElementsAre(0, 0, 1, 1)) << "nothing is left";
+}
+
 TEST_F(MFnMeshSetsTest, facesThatTheMeshLacksAreLeftOut) {
     assign("iog[0].og[0]", "f[2:900]", "red");
     EXPECT_THAT(sets(0, true), ElementsAre("red: kMeshPolygonComponent 2 3"));
