@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scene/MaterialLookup.h"
 #include "scene/MaterialRecord.h"
 #include "scene/MatrixRecord.h"
 #include "scene/ModelTables.h"
@@ -46,6 +47,8 @@ struct SceneData {
     std::vector<MaterialTextureRef> textureRefs;
     std::vector<TexturePatternRecord> texturePatterns;
     std::vector<PaletteRecord> palettes;
+    TextureLookup textureLookup; // into the lists of images, references, palettes and sources
+    MaterialLookup materialLookup;
     // The same in written order, as places in the lists above.
     std::vector<int32_t> materialOrder;
     std::vector<int32_t> textureOrder;

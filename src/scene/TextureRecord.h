@@ -2,16 +2,19 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace tvk {
 
 /// One image file that the model uses.
 struct TextureRecord {
-    std::string path;  // resolved; UTF-8; written as it stands
-    std::string name;  // file name without folder and last extension
-    int32_t index = 0; // position in the list; once sorted, position in the file
-    int32_t width = 8; // of the texture: 8, 16, 32 ... 1024
+    std::string path;     // resolved; UTF-8; written as it stands
+    std::string file;     // where the image was found: another place than `path` in scenes from other machines
+    std::string name;     // file name without folder and last extension
+    std::string fileNode; // name of the file texture that brought it; "" when nobody said
+    int32_t index = 0;    // position in the list; once sorted, position in the file
+    int32_t width = 8;    // of the texture: 8, 16, 32 ... 1024
     int32_t height = 8;
     int32_t originalWidth = 8; // of the picture
     int32_t originalHeight = 8;
@@ -41,6 +44,16 @@ struct PaletteRecord {
     std::string name;
     std::vector<uint16_t> colors; // red in bits 0-4, green in 5-9, blue in 10-14
     std::string user;             // name of the image that brought it
+};
+
+/// Where records stand in their lists, so that nothing is searched for in order. Always the first place that an ordered
+/// search would find.
+struct TextureLookup {
+    std::unordered_map<std::string, int32_t> imageOfPath; // normalised paths
+    std::unordered_map<std::string, int32_t> imageOfName;
+    std::unordered_map<int64_t, int32_t> refOfImageAndTiling;
+    std::unordered_map<std::string, int32_t> paletteOfName;
+    std::unordered_multimap<int32_t, int32_t> sourcesOfMaterial;
 };
 
 } // namespace tvk

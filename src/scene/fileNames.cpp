@@ -33,4 +33,12 @@ std::string extensionOf(const std::string& name) {
     return dot == std::string::npos ? std::string() : name.substr(dot + 1);
 }
 
+std::string lastComponentOf(const std::string& name) {
+    if (isShiftJis(name)) {
+        return std::string(lastPathComponent(name));
+    }
+    const auto separator = name.find_last_of("/\\");
+    return separator == std::string::npos ? name : name.substr(separator + 1);
+}
+
 } // namespace tvk

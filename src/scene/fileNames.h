@@ -14,4 +14,7 @@ std::string baseNameOf(const std::string& name);
 /// What stands after the last '.' of the last path component; empty when there is none.
 std::string extensionOf(const std::string& name);
 
+/// The file name behind the folders: "a\\b/c.tga" gives "c.tga", "a/" gives "".
+std::string lastComponentOf(const std::string& name);
+
 } // namespace tvk

@@ -35,5 +35,15 @@ INSTANTIATE_TEST_SUITE_P(Utf8, FileNames,
                                          NameCase{"a.b\xE3\x83\x9E\\c", "a.b\xE3\x83\x9E\\c", ""},
                                          NameCase{"\xC3\xBC.x.imd", "\xC3\xBC.x", "imd"}));
 
+TEST(LastComponent, IsWhatStandsBehindTheFolders) {
+    EXPECT_EQ(lastComponentOf("a/b.c/d.tga"), "d.tga");
+    EXPECT_EQ(lastComponentOf("a\\b/c\\d.tga"), "d.tga");
+    EXPECT_EQ(lastComponentOf("d.tga"), "d.tga");
+    EXPECT_EQ(lastComponentOf("a/"), "");
+    EXPECT_EQ(lastComponentOf(""), "");
+    EXPECT_EQ(lastComponentOf("a/\x83\x5C.tga"), "\x83\x5C.tga");
+    EXPECT_EQ(lastComponentOf("a\xE3\x83\x9E\\d.tga"), "d.tga");
+}
+
 } // namespace
 } // namespace tvk
