@@ -24,7 +24,7 @@ constexpr std::array<MFn::Type, 11> kProceduralTypes{
 // Procedural textures that came after the oldest kits, whose enumeration lacks them; all versions have the names.
 constexpr std::array<const char*, 2> kLaterProceduralTypes{"mandelbrot", "mandelbrot3D"};
 
-bool isProcedural(const MObject& node) {
+bool isProcedural(MObject node) {
     const MFn::Type type = node.apiType();
     if (std::find(kProceduralTypes.begin(), kProceduralTypes.end(), type) != kProceduralTypes.end()) {
         return true;
@@ -34,13 +34,13 @@ bool isProcedural(const MObject& node) {
                        [&](const char* later) { return typeName == later; });
 }
 
-void warnOfTexture(const Message& warning, const MObject& node) {
+void warnOfTexture(const Message& warning, MObject node) {
     if (!run().options.quietTextureWarnings) {
         say(warning, textOf(MFnDependencyNode(node).name()));
     }
 }
 
-MObject firstFileLayer(const MObject& layeredTexture) {
+MObject firstFileLayer(MObject layeredTexture) {
     MPlug layers = findPlug(MFnDependencyNode(layeredTexture), "inputs");
     const unsigned int count = layers.isNull() ? 0 : layers.evaluateNumElements();
     for (unsigned int i = 0; i < count; ++i) {

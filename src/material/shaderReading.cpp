@@ -18,7 +18,7 @@
 namespace tvk {
 namespace {
 
-MPlug plugOf(const MObject& node, const char* name) {
+MPlug plugOf(MObject node, const char* name) {
     return findPlug(MFnDependencyNode(node), name);
 }
 

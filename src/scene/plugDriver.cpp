@@ -44,7 +44,8 @@ MPlug sourceOfPlugOrCompound(const MPlug& plug) {
 using Plugs = std::vector<MPlug>;
 
 MPlug plugNamed(const MPlug& output, const std::string& name) {
-    return findPlug(MFnDependencyNode(output.node()), name.c_str());
+    MObject node = output.node();
+    return findPlug(MFnDependencyNode(node), name.c_str());
 }
 
 // "outRotateX" comes from "inRotateX1" and "inRotateX2".
@@ -90,7 +91,7 @@ constexpr std::array<PassingType, 5> kPassingTypes{{
 }};
 
 // Animation layers came after the oldest kits, whose enumeration lacks their nodes; all versions have the names.
-bool isAnimBlend(const MObject& node) {
+bool isAnimBlend(MObject node) {
     return textOf(MFnDependencyNode(node).typeName()).rfind("animBlendNode", 0) == 0;
 }
 
