@@ -3,6 +3,7 @@
 #include "host/api/melText.h"
 #include "host/app/exporterPlugin.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -23,6 +24,23 @@ std::string checkScene(const std::string& scene) {
         return "the scene is a folder: " + scene;
     }
     return path.extension() == ".mb" ? "only Maya ASCII scenes (.ma) can be read: " + scene : "";
+}
+
+// Scenes name their images from the project on. Nobody sets a project on a build farm, so it is the nearest folder
+// around the scene that says it is one; what the user set wins.
+void openProjectOf(Host& host, const fs::path& scene) {
+    if (std::getenv("MAYA_PROJECT") != nullptr) {
+        return;
+    }
+    std::error_code ignored;
+    fs::path folder = scene.parent_path();
+    while (!fs::is_regular_file(folder / "workspace.mel", ignored)) {
+        if (folder == folder.parent_path()) {
+            return;
+        }
+        folder = folder.parent_path();
+    }
+    (void)host.scene().workspace().open(folder.generic_u8string());
 }
 
 } // namespace
@@ -56,8 +74,9 @@ bool prepareHost(Host& host, Console& console, const CommandLine& commandLine) {
         return true;
     }
     std::error_code error;
-    const std::string path = fs::absolute(fs::u8path(scene), error).generic_u8string();
-    return runMel(host, console, "file -f -o " + melString(path)).has_value();
+    const fs::path path = fs::absolute(fs::u8path(scene), error);
+    openProjectOf(host, path.lexically_normal());
+    return runMel(host, console, "file -f -o " + melString(path.generic_u8string())).has_value();
 }
 
 } // namespace host::app

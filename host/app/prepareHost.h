@@ -8,7 +8,8 @@
 
 namespace host::app {
 
-/// Loads the exporter, which scripts may lack, and opens the scene, if one was named. False when one of them failed,
+/// Loads the exporter, which scripts may lack, and opens the scene, if one was named, within its project: the nearest
+/// folder around it that has a "workspace.mel", unless $MAYA_PROJECT names another. False when one of them failed,
 /// which has been told then.
 [[nodiscard]] bool prepareHost(Host& host, Console& console, const CommandLine& commandLine);
 

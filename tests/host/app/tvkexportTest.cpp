@@ -138,6 +138,35 @@ TEST_F(TvkexportTest, scriptsRunAfterOpening) {
     EXPECT_FALSE(fs::exists("scene.imd"));
 }
 
+TEST_F(TvkexportTest, theSceneIsOpenedWithinItsProject) {
+    fs::create_directories("show/shot/scenes");
+    fs::create_directories("other");
+    for (const char* scene : {"show/a.ma", "show/shot/scenes/a.ma"}) {
+        fs::copy_file("scene.ma", scene);
+    }
+    std::ofstream("show/workspace.mel") << "workspace -fr \"sourceImages\" \"pictures\";\n";
+    const std::string root = fs::canonical(".").generic_string() + "/";
+    const std::string ask = " --command 'print(`workspace -q -rd` + `workspace -q -fre \"sourceImages\"`)'";
+    EXPECT_EQ(run("show/a.ma" + ask).output, root + "show/pictures");
+    EXPECT_EQ(run("other/../show/shot/scenes/a.ma" + ask).output, root + "show/pictures") << "a folder above has one";
+    EXPECT_EQ(run("scene.ma" + ask).output, root) << "nobody around has one";
+    std::ofstream("show/shot/workspace.mel") << "\n";
+    EXPECT_EQ(run("show/shot/scenes/a.ma" + ask).output, root + "show/shot/") << "the nearest one counts";
+    EXPECT_EQ(run("show/a.ma -o out/base").status, 0);
+    EXPECT_TRUE(fs::exists("out/base.imd")) << "what is written stays where the program runs";
+}
+
+TEST_F(TvkexportTest, aProjectOfTheEnvironmentWins) {
+    fs::create_directories("show");
+    fs::create_directories("mine");
+    fs::copy_file("scene.ma", "show/a.ma");
+    std::ofstream("show/workspace.mel") << "\n";
+    ::setenv("MAYA_PROJECT", "mine", 1);
+    const Outcome outcome = run("show/a.ma --command 'print(`workspace -q -rd`)'");
+    ::unsetenv("MAYA_PROJECT");
+    EXPECT_EQ(outcome.output, fs::canonical(".").generic_string() + "/mine/");
+}
+
 TEST_F(TvkexportTest, scriptsMayExportByThemselves) {
     const Outcome outcome =
         run("scene.ma --command 'file -f -ea -typ \"KALDERA_ZEPHRA_System\" -op \"x=1\" \"" + folder + "/mine\"'");
