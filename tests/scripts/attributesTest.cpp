@@ -1,10 +1,12 @@
 #include "ScriptSession.h"
 
 #include "sceneText.h"
+#include "textFiles.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace tvk {
 namespace {
@@ -67,8 +69,8 @@ TEST_P(AddAttributes, RefusesASelectionOfOtherNodes) {
     session.open(meshText("aShape", "") + nodeText("surfaceShader", "flat") + nodeText("layeredShader", "layers") +
                  nodeText("useBackground", "holdout") + nodeText("rampShader", "toon") +
                  nodeText("oceanShader", "waves") + nodeText("checker", "procedural") +
-                 nodeText("place2dTexture", "placed"));
-    session.mel("select -r aShape flat layers holdout toon waves procedural placed;");
+                 nodeText("place2dTexture", "placed") + nodeText("psdFileTex", "layered"));
+    session.mel("select -r aShape flat layers holdout toon waves procedural placed layered;");
     EXPECT_FALSE(session.melRuns(command()));
     ASSERT_EQ(session.errors.size(), 1U);
     EXPECT_EQ(session.errors[0], GetParam().refusal);
@@ -137,6 +139,15 @@ TEST_P(AddAttributes, NothingOfThemIsKeyableAndNumbersAreInTheChannelBox) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, AddAttributes, testing::ValuesIn(kKinds),
                          [](const auto& row) { return row.param.kind; });
+
+// As the page of attributes tells artists to install it.
+TEST(AttributeScript, IsFoundOnTheScriptPath) {
+    ExportSession session;
+    EXPECT_FALSE(session.melRuns("source TVK_Attributes;"));
+    ::setenv("MAYA_SCRIPT_PATH", sourcePath("scripts").c_str(), 1);
+    EXPECT_TRUE(session.melRuns("source TVK_Attributes; createNode file; TVK_AddTextureAttributes();"));
+    ::unsetenv("MAYA_SCRIPT_PATH");
+}
 
 TEST(AddShaderAttributes, KeepsTheValuesAndRangesOfAScene) {
     ScriptSession session;
