@@ -28,7 +28,7 @@ std::vector<SourceFile> readProduct() {
 }
 
 std::vector<SourceFile> readEverything() {
-    return readFolders({"src", "host", "tests", "fuzz", "bench"});
+    return readFolders({"src", "host", "tests", "fuzz", "bench", "tools"});
 }
 
 bool isFrom(const SourceFile& file, const std::string& folder) {
