@@ -1,6 +1,7 @@
 #include "host/nodes/apiTypes.h"
 #include "host/nodes/historyCompute.h"
 #include "host/nodes/polyCompute.h"
+#include "host/nodes/primitiveCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 
@@ -113,7 +114,7 @@ constexpr AttributeRow kPolyColorPerVertex[] = {
     {"...vertexFaceColorRGB", "frgb", "float3", "vertexFaceColorR vfcr vertexFaceColorG vfcg vertexFaceColorB vfcb"},
     {"...vertexFaceAlpha", "vfal", "float", {}, 1},
     {"colorSetName", "cn", "string"},
-    {"representation", "rprt", "enum", {}, 3},
+    {"representation", "rprt", "enum", {}, 4},
     {"clamped", "clam", "bool", {}, 1},
 };
 
@@ -185,12 +186,12 @@ constexpr TypeRow kTypes[] = {
     {"polyBase", "dependNode", api::kMidModifier, kPolyBase, kMakesNothing},
     {"polyCreator", "polyBase", api::kPolyCreator},
     {"polyPrimitive", "polyCreator", api::kPolyPrimitive, kPolyPrimitive},
-    {"polyCube", "polyPrimitive", api::kPolyCube, kPolyCube},
-    {"polyPlane", "polyPrimitive", api::kPolyMesh, kPolyPlane},
-    {"polySphere", "polyPrimitive", api::kPolySphere, kPolySphere},
-    {"polyCylinder", "polyPrimitive", api::kPolyCylinder, kPolyCylinder},
-    {"polyCone", "polyPrimitive", api::kPolyCone, kPolyCone},
-    {"polyTorus", "polyPrimitive", api::kPolyTorus, kPolyTorus},
+    {"polyCube", "polyPrimitive", api::kPolyCube, kPolyCube, computedBy(computePolyCube)},
+    {"polyPlane", "polyPrimitive", api::kPolyMesh, kPolyPlane, computedBy(computePolyPlane)},
+    {"polySphere", "polyPrimitive", api::kPolySphere, kPolySphere, computedBy(computePolySphere)},
+    {"polyCylinder", "polyPrimitive", api::kPolyCylinder, kPolyCylinder, computedBy(computePolyCylinder)},
+    {"polyCone", "polyPrimitive", api::kPolyCone, kPolyCone, computedBy(computePolyCone)},
+    {"polyTorus", "polyPrimitive", api::kPolyTorus, kPolyTorus, computedBy(computePolyTorus)},
     {"polyPlatonicSolid", "polyPrimitive", api::kPolyPlatonicSolid, kPolyPlatonic},
     {"polyPyramid", "polyPrimitive", api::kPolyPyramid, kPolyPyramid},
     {"polyPrism", "polyPrimitive", api::kPolyPrism, kPolyPrism},

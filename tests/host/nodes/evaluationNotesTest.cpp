@@ -38,19 +38,19 @@ TEST_F(EvaluationNotes, AreNoneForWhatIsEvaluated) {
 TEST_F(EvaluationNotes, NameHistoryByTheTransformOfTheMesh) {
     Node& shape = makeMesh("body");
     Node& bevel = make("polyBevel3", "polyBevel1");
-    Node& cube = make("polyCube", "polyCube1");
-    connect(cube, "out", bevel, "ip");
+    Node& helix = make("polyHelix", "polyHelix1");
+    connect(helix, "out", bevel, "ip");
     connect(bevel, "out", shape, "i");
     EXPECT_EQ(findEvaluationNotes(graph),
               (Notes{"node type 'polyBevel3' is not supported: body.polyBevel1 passes its input through",
-                     "node type 'polyCube' is not supported: body.polyCube1 makes no mesh"}));
+                     "node type 'polyHelix' is not supported: body.polyHelix1 makes no mesh"}));
 }
 
 TEST_F(EvaluationNotes, SpeakOncePerType) {
     for (const char* name : {"one", "two"}) {
-        connect(make("polyCube", "cube"), "out", makeMesh(name), "i");
+        connect(make("polyHelix", "helix"), "out", makeMesh(name), "i");
     }
-    EXPECT_EQ(findEvaluationNotes(graph), Notes{"node type 'polyCube' is not supported: one.cube makes no mesh"});
+    EXPECT_EQ(findEvaluationNotes(graph), Notes{"node type 'polyHelix' is not supported: one.helix makes no mesh"});
 }
 
 TEST_F(EvaluationNotes, FindDriversBehindEvaluatedNodes) {
@@ -69,7 +69,7 @@ TEST_F(EvaluationNotes, FindDriversBehindEvaluatedNodes) {
 }
 
 TEST_F(EvaluationNotes, NameConstraintsByWhatTheyHold) {
-    Node& cube = make("transform", "cube");
+    Node& helix = make("transform", "cube");
     Node& target = make("transform", "target");
     Node& constraint = make("parentConstraint", "cube_parentConstraint1", &cube);
     connect(target, "t", constraint, "tg[0].tt");
