@@ -69,7 +69,7 @@ TEST_F(EvaluationNotes, FindDriversBehindEvaluatedNodes) {
 }
 
 TEST_F(EvaluationNotes, NameConstraintsByWhatTheyHold) {
-    Node& helix = make("transform", "cube");
+    Node& cube = make("transform", "cube");
     Node& target = make("transform", "target");
     Node& constraint = make("parentConstraint", "cube_parentConstraint1", &cube);
     connect(target, "t", constraint, "tg[0].tt");
