@@ -48,6 +48,9 @@ inline constexpr Message kNoEffectiveNodeQuiet{Severity::kWarning, "No effective
 inline constexpr Message kNodeNameChanged{Severity::kWarning, "Node name changed: "};
 inline constexpr Message kTooManyNodes{Severity::kError, "Too many nodes: "};
 
+// Materials
+inline constexpr Message kGettingShadingGroups{Severity::kError, "getConnectedSetsAndMembers: "};
+
 // Node transforms
 inline constexpr Message kShear{Severity::kWarning, "Shear is not zero (ignored): "};
 inline constexpr Message kBindPoseNotFound{Severity::kWarning, "Bind pose is not found: "};

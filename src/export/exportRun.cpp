@@ -6,6 +6,7 @@
 #include "export/envelope.h"
 #include "export/exportMessages.h"
 #include "export/exportOptions.h"
+#include "export/materialPass.h"
 #include "export/nodeTransforms.h"
 #include "export/nodeTree.h"
 #include "export/runReport.h"
@@ -178,9 +179,16 @@ MStatus gatherScene() {
     if (status) {
         status = readNodeTransforms(noBindPose);
     }
+    if (status) {
+        status = gatherMaterials();
+    }
+    if (status) {
+        status = settleMaterials();
+    }
     if (!status) {
         return status;
     }
+    prepareMaterialAnimation();
     settleScalingRule();
     warnOfMeshes();
     if (run().options.animationOutput) {

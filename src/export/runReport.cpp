@@ -76,6 +76,13 @@ void printNodeAnimationTotals() {
     showInformation("ica : Translate Size\t: " + alignedCount(count(scene.nodeTranslateData.size())));
 }
 
+void warnIfLong(const char* kind, const std::string& name) {
+    bool lossy = false;
+    if (toShiftJis(name, lossy).size() > kLongestName) {
+        say(kLongName, kind + name);
+    }
+}
+
 } // namespace
 
 void printRunHeader() {
@@ -106,11 +113,20 @@ std::string finishedText(int64_t seconds) {
 }
 
 void warnOfLongNames() {
-    bool lossy = false;
-    for (const NodeRecord* node : run().scene.outputNodes) {
-        if (!node->skipOutput && toShiftJis(node->name, lossy).size() > kLongestName) {
-            say(kLongName, "node: " + node->name);
+    const SceneData& scene = run().scene;
+    for (const NodeRecord* node : scene.outputNodes) {
+        if (!node->skipOutput) {
+            warnIfLong("node: ", node->name);
         }
+    }
+    for (const int32_t index : scene.materialOrder) {
+        warnIfLong("material: ", scene.materials[static_cast<std::size_t>(index)].name);
+    }
+    for (const int32_t index : scene.textureOrder) {
+        warnIfLong("texture: ", scene.textures[static_cast<std::size_t>(index)].name);
+    }
+    for (const int32_t index : scene.paletteOrder) {
+        warnIfLong("palette: ", scene.palettes[static_cast<std::size_t>(index)].name);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <filesystem>
 
@@ -32,6 +33,13 @@ std::string folderOf(const std::string& scene) {
 // Its nodes all stand in a reference whose file its origin does not have.
 constexpr const char* kNothingToExport = "missing-reference-rig";
 
+// Their pictures are of types that no console tool reads.
+constexpr std::array<const char*, 2> kRefusedPictures{"image-formats", "phong-textures"};
+
+bool hasRefusedPictures(const std::string& scene) {
+    return std::find(kRefusedPictures.begin(), kRefusedPictures.end(), folderOf(scene)) != kRefusedPictures.end();
+}
+
 class RealScene : public testing::TestWithParam<std::string> {};
 
 TEST_P(RealScene, IsExportedAndTheSameBytesEveryTime) {
@@ -40,6 +48,12 @@ TEST_P(RealScene, IsExportedAndTheSameBytesEveryTime) {
     if (folderOf(GetParam()) == kNothingToExport) {
         EXPECT_EQ(run.status, 1);
         EXPECT_EQ(run.errorLines().back(), "Error: No effective node");
+        EXPECT_THAT(program.names(), testing::IsEmpty());
+        return;
+    }
+    if (hasRefusedPictures(GetParam())) {
+        EXPECT_EQ(run.status, 1);
+        EXPECT_THAT(run.errorLines(), testing::Contains(testing::StartsWith("Error: Image type is not supported: ")));
         EXPECT_THAT(program.names(), testing::IsEmpty());
         return;
     }

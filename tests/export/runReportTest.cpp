@@ -143,5 +143,33 @@ TEST_F(Report, LengthsAreThoseOfTheWrittenBytes) {
     EXPECT_EQ(fresh.messages(), "Warning: Length of name over 16 characters: node: " + kanji + "\xE8\xA1\xA8\n");
 }
 
+TEST_F(Report, LongNamesOfEveryKindAreToldInWrittenOrder) {
+    const std::string longName = "seventeen_letters";
+    addNode("node_of_17_letters");
+    SceneData& scene = run().scene;
+    scene.materials.resize(3);
+    scene.materials[0].name = "b_" + longName;
+    scene.materials[1].name = "a_" + longName;
+    scene.materials[2].name = "short";
+    scene.materialOrder = {1, 0, 2};
+    scene.textures.resize(2);
+    scene.textures[0].name = "d_" + longName;
+    scene.textures[1].name = "c_" + longName;
+    scene.textureOrder = {1, 0};
+    scene.palettes.resize(2);
+    scene.palettes[0].name = "f_" + longName;
+    scene.palettes[1].name = "e_" + longName;
+    scene.paletteOrder = {1, 0};
+    warnOfLongNames();
+    std::string expected;
+    for (const char* subject :
+         {"node: node_of_17_letters", "material: a_seventeen_letters", "material: b_seventeen_letters",
+          "texture: c_seventeen_letters", "texture: d_seventeen_letters", "palette: e_seventeen_letters",
+          "palette: f_seventeen_letters"}) {
+        expected += std::string("Warning: Length of name over 16 characters: ") + subject + "\n";
+    }
+    EXPECT_EQ(fresh.messages(), expected);
+}
+
 } // namespace
 } // namespace tvk

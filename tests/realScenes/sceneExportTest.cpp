@@ -22,7 +22,7 @@ struct Incomplete {
     const char* reason;
 };
 
-constexpr const char* kPolygons = "polygons, materials and textures";
+constexpr const char* kPolygons = "polygons";
 
 constexpr Incomplete kIncomplete[] = {
     {"clip-points-visibility", kPolygons},
@@ -30,10 +30,8 @@ constexpr Incomplete kIncomplete[] = {
     {"face-groups-history", kPolygons},
     {"face-shading", kPolygons},
     {"finger-pivots-anim", kPolygons},
-    {"image-formats", kPolygons},
     {"instances", kPolygons},
     {"long-names", kPolygons},
-    {"phong-textures", kPolygons},
     {"segment-scale-anim", kPolygons},
     {"skin-bind-transforms", kPolygons},
     {"skin-one-joint", kPolygons},
@@ -44,6 +42,26 @@ constexpr Incomplete kIncomplete[] = {
 
 // Its nodes all stand in a reference whose file its origin does not have.
 constexpr const char* kNothingToExport = "missing-reference-rig";
+
+// Scenes whose pictures no console tool reads: what they end with.
+struct Refused {
+    const char* scene;
+    const char* message;
+};
+
+constexpr const char* kPictures = "D:/Fabrice/Projets/BabylonJS/Exporters/Maya/Samples/sourceModels/";
+
+constexpr Refused kRefused[] = {
+    {"image-formats", "CubesImageFormat/CubesImageFormat.fbm/A.png\n       (used by MapFBXASC032FBXASC0356)\n\n"},
+    {"phong-textures", "Std_Textures/sun.jpg\n       (used by file11)\n\n"},
+};
+
+// Null when the scene is exported.
+const Refused* refusalOf(const std::string& scene) {
+    const auto* const row = std::find_if(std::begin(kRefused), std::end(kRefused),
+                                         [&](const Refused& refused) { return refused.scene == scene; });
+    return row != std::end(kRefused) ? row : nullptr;
+}
 
 bool isIncomplete(const std::string& scene) {
     return std::any_of(std::begin(kIncomplete), std::end(kIncomplete),
@@ -66,6 +84,13 @@ TEST_P(SceneExport, GivesAModelWhoseWorldIsTheHosts) {
     if (scene.name == kNothingToExport) {
         EXPECT_FALSE(status);
         EXPECT_EQ(session.takeMessages(), "Error: No effective node\n\n");
+        return;
+    }
+    if (const Refused* const refused = refusalOf(scene.name); refused != nullptr) {
+        EXPECT_FALSE(status);
+        EXPECT_EQ(session.takeMessages(),
+                  std::string("Error: Image type is not supported: ") + kPictures + refused->message);
+        EXPECT_FALSE(session.hasFile("model.imd"));
         return;
     }
     ASSERT_TRUE(status) << session.takeMessages();
