@@ -8,6 +8,7 @@
 
 #include <maya/MFnMesh.h>
 #include <maya/MObjectArray.h>
+#include <maya/MStringArray.h>
 
 #include <algorithm>
 
@@ -23,11 +24,24 @@ bool hasFaceGroups(const MObjectArray& components) {
     return false;
 }
 
-MStatus readShadingGroups(const NodeRecord& node, MObjectArray& groups, MObjectArray& components) {
+// The first set is the one that the model takes.
+bool hasTextureCoordinates(const MFnMesh& mesh) {
+    MStringArray sets;
+    return mesh.getUVSetNames(sets) && sets.length() > 0 && mesh.numUVs(sets[0]) > 0;
+}
+
+struct ShapeShading {
+    MObjectArray groups;
+    MObjectArray components;
+    bool hasTextureCoordinates = false;
+};
+
+MStatus readShading(const NodeRecord& node, ShapeShading& shading) {
     MStatus status;
     const MFnMesh mesh(node.shape, &status);
     if (status) {
-        status = mesh.getConnectedSetsAndMembers(node.shape.instanceNumber(), groups, components, true);
+        shading.hasTextureCoordinates = hasTextureCoordinates(mesh);
+        status = mesh.getConnectedSetsAndMembers(node.shape.instanceNumber(), shading.groups, shading.components, true);
     }
     if (!status) {
         say(kGettingShadingGroups, node.name);
@@ -36,18 +50,17 @@ MStatus readShadingGroups(const NodeRecord& node, MObjectArray& groups, MObjectA
 }
 
 MStatus gatherMaterialsOf(const NodeRecord& node) {
-    MObjectArray groups;
-    MObjectArray components;
-    MStatus status = readShadingGroups(node, groups, components);
-    const bool skipsWholes = hasFaceGroups(components);
-    for (unsigned int i = 0; status && i < groups.length(); ++i) {
-        if (skipsWholes && components[i].isNull()) {
+    ShapeShading shading;
+    MStatus status = readShading(node, shading);
+    const bool skipsWholes = hasFaceGroups(shading.components);
+    for (unsigned int i = 0; status && i < shading.groups.length(); ++i) {
+        if (skipsWholes && shading.components[i].isNull()) {
             continue;
         }
         int material = -1;
         int textureSource = -1;
         int priority = 0;
-        status = getMaterial(groups[i], true, material, textureSource, priority);
+        status = getMaterial(shading.groups[i], shading.hasTextureCoordinates, material, textureSource, priority);
     }
     return status;
 }

@@ -7,7 +7,8 @@ namespace tvk {
 // What the run does about materials and textures between reading the nodes and writing the files.
 
 /// Asks for the material of every shading group of every mesh of the model, shapes in node-list order. Groups that a
-/// mesh has as a whole do not count when it has others for its faces.
+/// mesh has as a whole do not count when it has others for its faces. Meshes without texture coordinates ask for no
+/// texture.
 /// Fails, with a message, when the groups of a mesh cannot be read and when a texture cannot be taken.
 MStatus gatherMaterials();
 

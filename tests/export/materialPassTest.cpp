@@ -117,6 +117,15 @@ TEST_F(MaterialPass, ATextureThatCannotBeTakenFails) {
     EXPECT_EQ(session.takeMessages(), "Error: No texture image name: hide\n");
 }
 
+TEST_F(MaterialPass, AMeshWithoutTextureCoordinatesAsksForNoTexture) {
+    open(placedTextureText("hide", session.folder.path("missing.tga")) + shadingText("lambert", "skin") +
+         connectText("hide.oc", "skin.c") + nodeText("transform", "a") + meshText("aShape", "a") +
+         "connectAttr \"aShape.iog\" \"skinSG.dsm\" -na;\n");
+    EXPECT_TRUE(gatherMaterials());
+    EXPECT_THAT(names(), ElementsAre("skin"));
+    EXPECT_EQ(run().scene.materials.at(0).textureRef, -1);
+}
+
 TEST_F(MaterialPass, TexturesThatNothingUsesAreTakenOnRequest) {
     const std::string scene = placedTextureText("used", image("b.tga")) + placedTextureText("unused", image("a.tga")) +
                               shadingText("lambert", "skin") + connectText("used.oc", "skin.c") +

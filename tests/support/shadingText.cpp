@@ -25,8 +25,15 @@ std::string addedMatrix(const std::string& name, const std::string& numbers) {
 }
 
 std::string shadedMesh(const std::string& name, const std::string& shadingGroup) {
-    return nodeText("transform", name) + meshText(name + "Shape", name) + "connectAttr \"" + name + "Shape.iog\" \"" +
-           shadingGroup + ".dsm\" -na;\n";
+    const std::string shape = nodeText("mesh", name + "Shape", name,
+                                       "setAttr \".uvst[0].uvsn\" -type \"string\" \"map1\";\n"
+                                       "\tsetAttr -s 3 \".uvst[0].uvsp[0:2]\" -type \"float2\" 0 0 1 0 0 1;\n"
+                                       "\tsetAttr \".cuvs\" -type \"string\" \"map1\";\n"
+                                       "\tsetAttr -s 3 \".vt[0:2]\" 0 0 0 1 0 0 0 1 0;\n"
+                                       "\tsetAttr -s 3 \".ed[0:2]\" 0 1 0 1 2 0 2 0 0;\n"
+                                       "\tsetAttr \".fc[0]\" -type \"polyFaces\" f 3 0 1 2 mu 0 3 0 1 2 ;");
+    return nodeText("transform", name) + shape + "connectAttr \"" + name + "Shape.iog\" \"" + shadingGroup +
+           ".dsm\" -na;\n";
 }
 
 std::string keysText(const std::string& plug, const std::string& name, const std::string& keys) {

@@ -18,7 +18,8 @@ std::string addedAttribute(const std::string& name, const std::string& type, con
 // A matrix that an artist added: 16 numbers.
 std::string addedMatrix(const std::string& name, const std::string& numbers);
 
-// A transform with a mesh of one triangle, NAME + "Shape", that belongs to a shading group as a whole.
+// A transform with a mesh of one triangle with texture coordinates, NAME + "Shape", that belongs to a shading group as
+// a whole.
 std::string shadedMesh(const std::string& name, const std::string& shadingGroup);
 
 // Linear keys of two frames and values, such as "1 0 10 1", on a plug.
