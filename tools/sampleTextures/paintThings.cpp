@@ -84,8 +84,9 @@ Picture paintWindow() {
         if (isRim || column == 15 || column == 16 || row == 15) {
             return pixel5(6, 6, 7);
         }
-        const int pane = noiseAt(column / 6, row / 6, 9) % 3;
-        const int light = (column % 6 + row % 6) / 2;
+        // Panes end where blocks of 4 by 4 texels do: such a block has two colours and what lies between them.
+        const int pane = (column / 4 + row / 4 * 2) % 3;
+        const int light = (column % 4 + row % 4) / 2;
         const Pixel panes[] = {pixel5(24 + light, 8 + light, 6), pixel5(6, 12 + light, 24 + light),
                                pixel5(26 + light, 22 + light, 6)};
         return panes[pane];

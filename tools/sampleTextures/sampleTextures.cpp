@@ -9,38 +9,57 @@ namespace tvk::samples {
 
 namespace {
 
-FileBytes lampFile(bool isOn) {
-    const IndexedPicture lamp = paintLamp(isOn);
-    return writeTga(pictureOf(lamp), TgaKind::kPlain24, textureBlock(lamp, "lamps"));
+template <bool isOn>
+Picture lampPicture() {
+    return pictureOf(paintLamp(isOn));
+}
+
+template <bool isOn>
+FileBytes lampFile() {
+    return writeTga(lampPicture<isOn>(), TgaKind::kPlain24, textureBlock(paintLamp(isOn), "lamps"));
+}
+
+Picture signPicture() {
+    return pictureOf(paintSign());
 }
 
 FileBytes signFile() {
-    const IndexedPicture sign = paintSign();
-    return writePic(pictureOf(sign), textureBlock(sign, "sign"));
+    return writePic(signPicture(), textureBlock(paintSign(), "sign"));
 }
 
-FileBytes torchFile(int frame) {
-    return writeTga(paintTorch(frame), TgaKind::kRuns32);
+template <int frame>
+Picture torchPicture() {
+    return paintTorch(frame);
+}
+
+template <Picture (*paint)(), TgaKind kind>
+FileBytes tgaFile() {
+    return writeTga(paint(), kind);
+}
+
+template <Picture (*paint)()>
+FileBytes picFile() {
+    return writePic(paint());
 }
 
 } // namespace
 
 const std::vector<SampleTexture>& sampleTextures() {
     static const std::vector<SampleTexture> textures = {
-        {"checker.tga", "palette4", [] { return writeTga(paintChecker(), TgaKind::kPlain24); }},
-        {"leaf.tga", "palette16", [] { return writeTga(paintLeaf(), TgaKind::kRuns32); }},
-        {"bricks.tga", "palette256", [] { return writeTga(paintBricks(), TgaKind::kColorMapped); }},
-        {"sky.tga", "direct", [] { return writeTga(paintSky(), TgaKind::kRuns24); }},
-        {"glow.tga", "a5i3", [] { return writeTga(paintGlow(), TgaKind::kPlain32); }},
-        {"smoke.pic", "a3i5", [] { return writePic(paintSmoke()); }},
-        {"meadow_cmp4.tga", "tex4x4", [] { return writeTga(paintMeadow(), TgaKind::kRuns24); }},
-        {"window_cmp2.pic", "tex4x4", [] { return writePic(paintWindow()); }},
-        {"lamp_off.tga", "palette16", [] { return lampFile(false); }},
-        {"lamp_on.tga", "palette16", [] { return lampFile(true); }},
-        {"sign.pic", "palette4", signFile},
-        {"torch.1.tga", "palette16", [] { return torchFile(1); }},
-        {"torch.2.tga", "palette16", [] { return torchFile(2); }},
-        {"torch.3.tga", "palette16", [] { return torchFile(3); }},
+        {"checker.tga", "palette4", paintChecker, tgaFile<paintChecker, TgaKind::kPlain24>},
+        {"leaf.tga", "palette16", paintLeaf, tgaFile<paintLeaf, TgaKind::kRuns32>},
+        {"bricks.tga", "palette256", paintBricks, tgaFile<paintBricks, TgaKind::kColorMapped>},
+        {"sky.tga", "direct", paintSky, tgaFile<paintSky, TgaKind::kRuns24>},
+        {"glow.tga", "a5i3", paintGlow, tgaFile<paintGlow, TgaKind::kPlain32>},
+        {"smoke.pic", "a3i5", paintSmoke, picFile<paintSmoke>},
+        {"meadow_cmp4.tga", "tex4x4", paintMeadow, tgaFile<paintMeadow, TgaKind::kRuns24>},
+        {"window_cmp2.pic", "tex4x4", paintWindow, picFile<paintWindow>},
+        {"lamp_off.tga", "palette16", lampPicture<false>, lampFile<false>},
+        {"lamp_on.tga", "palette16", lampPicture<true>, lampFile<true>},
+        {"sign.pic", "palette4", signPicture, signFile},
+        {"torch.1.tga", "palette16", torchPicture<1>, tgaFile<torchPicture<1>, TgaKind::kRuns32>},
+        {"torch.2.tga", "palette16", torchPicture<2>, tgaFile<torchPicture<2>, TgaKind::kRuns32>},
+        {"torch.3.tga", "palette16", torchPicture<3>, tgaFile<torchPicture<3>, TgaKind::kRuns32>},
     };
     return textures;
 }

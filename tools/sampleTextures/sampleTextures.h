@@ -11,6 +11,7 @@ namespace tvk::samples {
 struct SampleTexture {
     std::string_view fileName;
     std::string_view format;
+    Picture (*paint)(); // what it shows
     FileBytes (*make)();
 };
 
