@@ -1,4 +1,5 @@
 #include "host/nodes/apiTypes.h"
+#include "host/nodes/arithmeticCompute.h"
 #include "host/nodes/blendCompute.h"
 #include "host/nodes/curveCompute.h"
 #include "host/nodes/typeRows.h"
@@ -136,7 +137,7 @@ constexpr AttributeRow kBlendWeighted[] = {
     {"input", "i", "double", {}, 0, kArray},
     {"weight", "w", "double", {}, 1, kArray},
     {"current", "c", "short"},
-    {"output", "o", "double"},
+    {"output", "o", "double", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kUnitConversion[] = {
@@ -260,7 +261,7 @@ constexpr TypeRow kTypes[] = {
      kUnitToTime,
      {DagRole::kNone, computeUnitToTime}},
     {"pairBlend", "dependNode", api::kPairBlend, kPairBlend, {DagRole::kNone, computePairBlend}},
-    {"blendWeighted", "dependNode", api::kBlendWeighted, kBlendWeighted, kNotEvaluated},
+    {"blendWeighted", "dependNode", api::kBlendWeighted, kBlendWeighted, {DagRole::kNone, computeBlendWeighted}},
     {"animClip", "dependNode", api::kClip, kAnimClip, kNotEvaluated},
     {"clipLibrary", "dependNode", api::kClipLibrary, kClipLibrary, kNotEvaluated},
     {"clipScheduler", "dependNode", api::kClipScheduler, kClipScheduler, kNotEvaluated},

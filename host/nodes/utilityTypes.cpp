@@ -1,4 +1,7 @@
 #include "host/nodes/apiTypes.h"
+#include "host/nodes/arithmeticCompute.h"
+#include "host/nodes/matrixCompute.h"
+#include "host/nodes/remapCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 #include "host/nodes/utilityCompute.h"
@@ -13,7 +16,7 @@ constexpr AttributeRow kMultiplyDivide[] = {
     {"operation", "op", "enum", {}, 1, 0, "No operation:Multiply:Divide:Power"},
     {"input1", "i1", "float3", "XYZ", 0, kKeyable},
     {"input2", "i2", "float3", "XYZ", 1, kKeyable},
-    {"output", "o", "float3", "XYZ"},
+    {"output", "o", "float3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kPlusMinusAverage[] = {
@@ -21,9 +24,9 @@ constexpr AttributeRow kPlusMinusAverage[] = {
     {"input1D", "i1", "float", {}, 0, kArray},
     {"input2D", "i2", "float2", "input2Dx i2x input2Dy i2y", 0, kArray},
     {"input3D", "i3", "float3", "input3Dx i3x input3Dy i3y input3Dz i3z", 0, kArray},
-    {"output1D", "o1", "float"},
-    {"output2D", "o2", "float2", "output2Dx o2x output2Dy o2y"},
-    {"output3D", "o3", "float3", "output3Dx o3x output3Dy o3y output3Dz o3z"},
+    {"output1D", "o1", "float", {}, 0, kComputed},
+    {"output2D", "o2", "float2", "output2Dx o2x output2Dy o2y", 0, kComputed},
+    {"output3D", "o3", "float3", "output3Dx o3x output3Dy o3y output3Dz o3z", 0, kComputed},
 };
 
 constexpr AttributeRow kCondition[] = {
@@ -32,7 +35,7 @@ constexpr AttributeRow kCondition[] = {
     {"secondTerm", "st", "float", {}, 0, kKeyable},
     {"colorIfTrue", "ct", "float3", "RGB", 0, kKeyable | kColor},
     {"colorIfFalse", "cf", "float3", "RGB", 1, kKeyable | kColor},
-    {"outColor", "oc", "float3", "RGB", 0, kColor},
+    {"outColor", "oc", "float3", "RGB", 0, kColor | kComputed},
 };
 
 constexpr AttributeRow kReverse[] = {
@@ -44,13 +47,13 @@ constexpr AttributeRow kClamp[] = {
     {"input", "ip", "float3", "RGB", 0, kKeyable},
     {"min", "mn", "float3", "RGB", 0, kKeyable},
     {"max", "mx", "float3", "RGB", 0, kKeyable},
-    {"output", "op", "float3", "RGB"},
+    {"output", "op", "float3", "RGB", 0, kComputed},
 };
 
 constexpr AttributeRow kSetRange[] = {
     {"value", "v", "float3", "XYZ", 0, kKeyable},   {"min", "n", "float3", "XYZ", 0, kKeyable},
     {"max", "m", "float3", "XYZ", 0, kKeyable},     {"oldMin", "on", "float3", "XYZ", 0, kKeyable},
-    {"oldMax", "om", "float3", "XYZ", 0, kKeyable}, {"outValue", "o", "float3", "XYZ"},
+    {"oldMax", "om", "float3", "XYZ", 0, kKeyable}, {"outValue", "o", "float3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kRemapValue[] = {
@@ -67,8 +70,8 @@ constexpr AttributeRow kRemapValue[] = {
     {".color_Position", "clp", "float"},
     {".color_Color", "clc", "float3", "RGB", 0, kColor},
     {".color_Interp", "cli", "enum", {}, 1, 0, "None:Linear:Smooth:Spline"},
-    {"outValue", "ov", "float"},
-    {"outColor", "oc", "float3", "RGB", 0, kColor},
+    {"outValue", "ov", "float", {}, 0, kComputed},
+    {"outColor", "oc", "float3", "RGB", 0, kColor | kComputed},
 };
 
 constexpr AttributeRow kDoubleLinear[] = {
@@ -80,17 +83,17 @@ constexpr AttributeRow kDoubleLinear[] = {
 constexpr AttributeRow kChoice[] = {
     {"selector", "s", "long", {}, 0, kKeyable},
     {"input", "i", "any", {}, 0, kArray},
-    {"output", "o", "any"},
+    {"output", "o", "any", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kDecomposeMatrix[] = {
     {"inputMatrix", "imat", "matrix"},
     {"inputRotateOrder", "ro", "enum", {}, 0, 0, "xyz:yzx:zxy:xzy:yxz:zyx"},
-    {"outputQuat", "oq", "double4", "XYZW"},
-    {"outputRotate", "or", "angle3", "XYZ"},
-    {"outputScale", "os", "double3", "XYZ"},
-    {"outputShear", "osh", "double3", "XYZ"},
-    {"outputTranslate", "ot", "distance3", "XYZ"},
+    {"outputQuat", "oq", "double4", "XYZW", 0, kComputed},
+    {"outputRotate", "or", "angle3", "XYZ", 0, kComputed},
+    {"outputScale", "os", "double3", "XYZ", 0, kComputed},
+    {"outputShear", "osh", "double3", "XYZ", 0, kComputed},
+    {"outputTranslate", "ot", "distance3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kComposeMatrix[] = {
@@ -101,24 +104,24 @@ constexpr AttributeRow kComposeMatrix[] = {
     {"inputShear", "ish", "double3", "XYZ"},
     {"inputQuat", "iq", "double4", "XYZW", {0, 0, 0, 1}},
     {"useEulerRotation", "uer", "bool", {}, 1},
-    {"outputMatrix", "omat", "matrix"},
+    {"outputMatrix", "omat", "matrix", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kMultMatrix[] = {
     {"matrixIn", "i", "matrix", {}, 0, kArray},
-    {"matrixSum", "o", "matrix"},
+    {"matrixSum", "o", "matrix", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kAddMatrix[] = {
     {"matrixIn", "i", "matrix", {}, 0, kArray},
-    {"matrixSum", "o", "matrix"},
+    {"matrixSum", "o", "matrix", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kWtAddMatrix[] = {
     {"wtMatrix", "i", "compound", {}, 0, kArray},
     {".matrixIn", "m", "matrix"},
     {".weightIn", "w", "double"},
-    {"matrixSum", "o", "matrix"},
+    {"matrixSum", "o", "matrix", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kOneMatrix[] = {
@@ -128,14 +131,14 @@ constexpr AttributeRow kOneMatrix[] = {
 
 constexpr AttributeRow kInverseMatrix[] = {
     {"inputMatrix", "imat", "matrix"},
-    {"outputMatrix", "omat", "matrix"},
+    {"outputMatrix", "omat", "matrix", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kPointMatrixMult[] = {
     {"inPoint", "ip", "double3", "XYZ"},
     {"inMatrix", "im", "matrix"},
     {"vectorMultiply", "vm", "bool"},
-    {"output", "o", "double3", "XYZ"},
+    {"output", "o", "double3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kVectorProduct[] = {
@@ -150,27 +153,28 @@ constexpr AttributeRow kVectorProduct[] = {
     {"input2", "i2", "float3", "XYZ", 0, kKeyable},
     {"matrix", "m", "matrix"},
     {"normalizeOutput", "no", "bool"},
-    {"output", "o", "float3", "XYZ"},
+    {"output", "o", "float3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kDistanceBetween[] = {
-    {"point1", "p1", "distance3", "XYZ"}, {"inMatrix1", "im1", "matrix"}, {"point2", "p2", "distance3", "XYZ"},
-    {"inMatrix2", "im2", "matrix"},       {"distance", "d", "distance"},
+    {"point1", "p1", "distance3", "XYZ"},
+    {"inMatrix1", "im1", "matrix"},
+    {"point2", "p2", "distance3", "XYZ"},
+    {"inMatrix2", "im2", "matrix"},
+    {"distance", "d", "distance", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kAngleBetween[] = {
-    {"vector1", "v1", "distance3", "XYZ", {1, 0, 0}},
-    {"vector2", "v2", "distance3", "XYZ", {1, 0, 0}},
-    {"angle", "a", "angle"},
-    {"axis", "ax", "double3", "XYZ"},
-    {"euler", "eu", "angle3", "XYZ"},
+    {"vector1", "v1", "distance3", "XYZ", {1, 0, 0}}, {"vector2", "v2", "distance3", "XYZ", {1, 0, 0}},
+    {"angle", "a", "angle", {}, 0, kComputed},        {"axis", "ax", "double3", "XYZ", 0, kComputed},
+    {"euler", "eu", "angle3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kBlendColors[] = {
     {"blender", "b", "float", {}, 0.5, kKeyable},
     {"color1", "c1", "float3", "RGB", {1, 0, 0}, kKeyable | kColor},
     {"color2", "c2", "float3", "RGB", {0, 0, 1}, kKeyable | kColor},
-    {"output", "op", "float3", "RGB", 0, kColor},
+    {"output", "op", "float3", "RGB", 0, kColor | kComputed},
 };
 
 constexpr AttributeRow kBlendTwoAttr[] = {
@@ -178,7 +182,7 @@ constexpr AttributeRow kBlendTwoAttr[] = {
     {"input", "i", "double", {}, 0, kArray},
     {"current", "c", "short"},
     {"driver", "d", "short"},
-    {"output", "o", "double"},
+    {"output", "o", "double", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kGammaCorrect[] = {
@@ -241,13 +245,17 @@ constexpr AttributeRow kCurveInfo[] = {
 constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
 
 constexpr TypeRow kTypes[] = {
-    {"multiplyDivide", "dependNode", api::kMultiplyDivide, kMultiplyDivide, kNotEvaluated},
-    {"plusMinusAverage", "dependNode", api::kPlusMinusAverage, kPlusMinusAverage, kNotEvaluated},
-    {"condition", "dependNode", api::kCondition, kCondition, kNotEvaluated},
+    {"multiplyDivide", "dependNode", api::kMultiplyDivide, kMultiplyDivide, {DagRole::kNone, computeMultiplyDivide}},
+    {"plusMinusAverage",
+     "dependNode",
+     api::kPlusMinusAverage,
+     kPlusMinusAverage,
+     {DagRole::kNone, computePlusMinusAverage}},
+    {"condition", "dependNode", api::kCondition, kCondition, {DagRole::kNone, computeCondition}},
     {"reverse", "dependNode", api::kReverse, kReverse, {DagRole::kNone, computeReverse}},
-    {"clamp", "dependNode", api::kClampColor, kClamp, kNotEvaluated},
-    {"setRange", "dependNode", api::kSetRange, kSetRange, kNotEvaluated},
-    {"remapValue", "dependNode", api::kRemapValue, kRemapValue, kNotEvaluated},
+    {"clamp", "dependNode", api::kClampColor, kClamp, {DagRole::kNone, computeClamp}},
+    {"setRange", "dependNode", api::kSetRange, kSetRange, {DagRole::kNone, computeSetRange}},
+    {"remapValue", "dependNode", api::kRemapValue, kRemapValue, {DagRole::kNone, computeRemapValue}},
     {"remapColor", "dependNode", api::kRemapColor, kRemapColor, kNotEvaluated},
     {"remapHsv", "dependNode", api::kRemapHsv, kRemapColor, kNotEvaluated},
     {"addDoubleLinear", "dependNode", api::kAddDoubleLinear, kDoubleLinear, {DagRole::kNone, computeAddDoubleLinear}},
@@ -256,23 +264,35 @@ constexpr TypeRow kTypes[] = {
      api::kMultDoubleLinear,
      kDoubleLinear,
      {DagRole::kNone, computeMultDoubleLinear}},
-    {"choice", "dependNode", api::kChoice, kChoice, kNotEvaluated},
-    {"decomposeMatrix", "dependNode", api::kDecomposeMatrix, kDecomposeMatrix, kNotEvaluated},
-    {"composeMatrix", "dependNode", api::kComposeMatrix, kComposeMatrix, kNotEvaluated},
-    {"multMatrix", "dependNode", api::kMatrixMult, kMultMatrix, kNotEvaluated},
-    {"addMatrix", "dependNode", api::kMatrixAdd, kAddMatrix, kNotEvaluated},
-    {"wtAddMatrix", "dependNode", api::kMatrixWtAdd, kWtAddMatrix, kNotEvaluated},
+    {"choice", "dependNode", api::kChoice, kChoice, {DagRole::kNone, computeChoice}},
+    {"decomposeMatrix",
+     "dependNode",
+     api::kDecomposeMatrix,
+     kDecomposeMatrix,
+     {DagRole::kNone, computeDecomposeMatrix}},
+    {"composeMatrix", "dependNode", api::kComposeMatrix, kComposeMatrix, {DagRole::kNone, computeComposeMatrix}},
+    {"multMatrix", "dependNode", api::kMatrixMult, kMultMatrix, {DagRole::kNone, computeMultMatrix}},
+    {"addMatrix", "dependNode", api::kMatrixAdd, kAddMatrix, {DagRole::kNone, computeAddMatrix}},
+    {"wtAddMatrix", "dependNode", api::kMatrixWtAdd, kWtAddMatrix, {DagRole::kNone, computeWtAddMatrix}},
     {"holdMatrix", "dependNode", api::kMatrixHold, kOneMatrix, kNotEvaluated},
     {"passMatrix", "dependNode", api::kMatrixPass, kOneMatrix, kNotEvaluated},
-    {"inverseMatrix", "dependNode", api::kInverseMatrix, kInverseMatrix, kNotEvaluated},
-    {"transposeMatrix", "dependNode", api::kTransposeMatrix, kInverseMatrix, kNotEvaluated},
+    {"inverseMatrix", "dependNode", api::kInverseMatrix, kInverseMatrix, {DagRole::kNone, computeInverseMatrix}},
+    {"transposeMatrix", "dependNode", api::kTransposeMatrix, kInverseMatrix, {DagRole::kNone, computeTransposeMatrix}},
     {"fourByFourMatrix", "dependNode", api::kFourByFourMatrix, kNotEvaluated},
-    {"pointMatrixMult", "dependNode", api::kPointMatrixMult, kPointMatrixMult, kNotEvaluated},
-    {"vectorProduct", "dependNode", api::kVectorProduct, kVectorProduct, kNotEvaluated},
-    {"distanceBetween", "dependNode", api::kDistanceBetween, kDistanceBetween, kNotEvaluated},
-    {"angleBetween", "dependNode", api::kAngleBetween, kAngleBetween, kNotEvaluated},
-    {"blendColors", "dependNode", api::kBlendColors, kBlendColors, kNotEvaluated},
-    {"blendTwoAttr", "dependNode", api::kBlendTwoAttr, kBlendTwoAttr, kNotEvaluated},
+    {"pointMatrixMult",
+     "dependNode",
+     api::kPointMatrixMult,
+     kPointMatrixMult,
+     {DagRole::kNone, computePointMatrixMult}},
+    {"vectorProduct", "dependNode", api::kVectorProduct, kVectorProduct, {DagRole::kNone, computeVectorProduct}},
+    {"distanceBetween",
+     "dependNode",
+     api::kDistanceBetween,
+     kDistanceBetween,
+     {DagRole::kNone, computeDistanceBetween}},
+    {"angleBetween", "dependNode", api::kAngleBetween, kAngleBetween, {DagRole::kNone, computeAngleBetween}},
+    {"blendColors", "dependNode", api::kBlendColors, kBlendColors, {DagRole::kNone, computeBlendColors}},
+    {"blendTwoAttr", "dependNode", api::kBlendTwoAttr, kBlendTwoAttr, {DagRole::kNone, computeBlendTwoAttr}},
     {"gammaCorrect", "dependNode", api::kGammaCorrect, kGammaCorrect, kNotEvaluated},
     {"contrast", "dependNode", api::kContrast, kContrast, kNotEvaluated},
     {"luminance", "dependNode", api::kLuminance, kLuminance, kNotEvaluated},
