@@ -107,6 +107,33 @@ std::string hierarchyScene(std::size_t count) {
     return text + "// End of everything.ma\n";
 }
 
+std::string shadedScene(std::size_t count, const std::string& imageFolder) {
+    std::string text = kHead;
+    text += "createNode transform -n \"everything\";\n";
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::string number = std::to_string(i);
+        text += "createNode transform -n \"m" + number + "\" -p \"everything\";\n";
+        text += "createNode mesh -n \"s" + number + "\" -p \"m" + number + "\";\n";
+        text += "\tsetAttr -s 3 \".vt[0:2]\" 0 0 0 1 0 0 0 1 0;\n\tsetAttr -s 3 \".ed[0:2]\" 0 1 0 1 2 0 2 0 0;\n"
+                "\tsetAttr \".uvst[0].uvsn\" -type \"string\" \"map1\";\n"
+                "\tsetAttr -s 3 \".uvst[0].uvsp[0:2]\" -type \"float2\" 0 0 1 0 0 1;\n"
+                "\tsetAttr \".fc[0]\" -type \"polyFaces\" f 3 0 1 2 mu 0 3 0 1 2 ;\n";
+        text += "createNode blinn -n \"b" + number + "\";\n\tsetAttr \".ambc\" -type \"float3\" ";
+        append(text, static_cast<double>(i % 32) / 31.0);
+        append(text, static_cast<double>(i / 32 % 32) / 31.0);
+        append(text, static_cast<double>(i / 1024 % 32) / 31.0);
+        text += ";\ncreateNode shadingEngine -n \"g" + number + "\";\n";
+        text += "connectAttr \"b" + number + ".oc\" \"g" + number + ".ss\";\n";
+        text += "connectAttr \"s" + number + ".iog\" \"g" + number + ".dsm\" -na;\n";
+        if (!imageFolder.empty()) {
+            text += "createNode file -n \"f" + number + "\";\n\tsetAttr \".ftn\" -type \"string\" \"" + imageFolder +
+                    "/t" + number + ".tga\";\n";
+            text += "connectAttr \"f" + number + ".oc\" \"b" + number + ".c\";\n";
+        }
+    }
+    return text + "// End of everything.ma\n";
+}
+
 void writeScene(const std::string& path, const std::string& text) {
     std::ofstream file(path, std::ios::binary);
     file.write(text.data(), static_cast<std::streamsize>(text.size()));

@@ -14,6 +14,10 @@ std::string meshScene(std::size_t bytes);
 // `count` transforms and joints below one group: chains of ten, with translations and rotations of their own.
 std::string hierarchyScene(std::size_t count);
 
+// `count` triangles, each with a shader of its own colour. Each shader has its own file texture, image "tN.tga" of a
+// folder, unless that is empty.
+std::string shadedScene(std::size_t count, const std::string& imageFolder);
+
 // Writes text to a file; ends the program with a message when the disk refuses.
 void writeScene(const std::string& path, const std::string& text);
 
