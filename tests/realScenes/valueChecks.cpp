@@ -1,5 +1,9 @@
 #include "valueChecks.h"
 
+#include "checkSupport.h"
+#include "meshChecks.h"
+#include "shadingChecks.h"
+
 #include <maya/MAnimControl.h>
 #include <maya/MDagPath.h>
 #include <maya/MDagPathArray.h>
@@ -15,10 +19,8 @@
 #include <maya/MTime.h>
 
 #include <algorithm>
-#include <cmath>
 #include <map>
 #include <set>
-#include <sstream>
 #include <vector>
 
 namespace tvk {
@@ -34,28 +36,6 @@ void goToTime(const Json& check) {
     }
 }
 
-std::string listText(const std::vector<double>& values) {
-    std::ostringstream text;
-    text.precision(12);
-    for (const double value : values) {
-        text << value << ' ';
-    }
-    return text.str();
-}
-
-std::string compare(const std::vector<double>& found, const std::vector<double>& expected, double tolerance) {
-    bool equal = found.size() == expected.size();
-    for (std::size_t i = 0; equal && i < found.size(); ++i) {
-        // Recorded with nine significant digits, whatever the tolerance says.
-        equal = std::abs(found[i] - expected[i]) <= std::max(tolerance, 5e-9 * std::abs(expected[i]));
-    }
-    return equal ? "" : "found " + listText(found) + "expected " + listText(expected);
-}
-
-std::vector<double> numbers(const Json& value) {
-    return value.is_array() ? value.get<std::vector<double>>() : std::vector<double>{value.get<double>()};
-}
-
 std::vector<double> elements(const MMatrix& matrix) {
     std::vector<double> result;
     for (unsigned int r = 0; r < 4; ++r) {
@@ -64,16 +44,6 @@ std::vector<double> elements(const MMatrix& matrix) {
         }
     }
     return result;
-}
-
-// Null when there is no such node.
-MDagPath pathTo(const std::string& name) {
-    MSelectionList list;
-    MDagPath path;
-    if (list.add(MString(name.c_str()))) {
-        list.getDagPath(0, path);
-    }
-    return path;
 }
 
 // Angles are recorded in degrees.
@@ -194,9 +164,27 @@ struct CheckRow {
 };
 
 constexpr CheckRow kChecks[] = {
-    {"attr", checkAttribute},        {"worldMatrix", checkWorldMatrix}, {"bindMatrix", checkBindMatrix},
-    {"visible", checkVisible},       {"currentTime", checkCurrentTime}, {"dagPaths", checkDagPaths},
-    {"jointPaths", checkJointPaths}, {"nodeCounts", checkNodeCounts},
+    {"attr", checkAttribute},
+    {"worldMatrix", checkWorldMatrix},
+    {"bindMatrix", checkBindMatrix},
+    {"visible", checkVisible},
+    {"currentTime", checkCurrentTime},
+    {"dagPaths", checkDagPaths},
+    {"jointPaths", checkJointPaths},
+    {"nodeCounts", checkNodeCounts},
+    {"faceSets", checkFaceSets},
+    {"faceSetsResolved", checkFaceSets},
+    {"faceMaterials", checkFaceMaterials},
+    {"material", checkMaterial},
+    {"uvTransform", checkUvTransform},
+    {"points", checkPoints},
+    {"mesh", checkMeshCounts},
+    {"evaluatedMesh", checkEvaluatedMesh},
+    {"uvPerFaceVertex", checkUvsByCorner},
+    {"uvFaceVertex", checkUvOfCorner},
+    {"uvCount", checkUvCount},
+    {"uvSetNames", checkUvSetNames},
+    {"colorsPerFaceVertex", checkColorsByCorner},
 };
 
 const CheckRow* rowOf(const Json& check) {
@@ -217,7 +205,7 @@ std::string differenceFrom(const Json& check) {
 }
 
 std::string subjectOf(const Json& check) {
-    for (const char* const key : {"plug", "node", "shape"}) {
+    for (const char* const key : {"plug", "node", "shape", "name"}) {
         if (check.contains(key)) {
             return check[key].get<std::string>();
         }

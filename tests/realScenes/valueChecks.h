@@ -6,8 +6,7 @@
 
 namespace tvk {
 
-/// Whether this program has a way to make such a check: of nodes, attributes, matrices, joints, instances, visibility
-/// and time.
+/// Whether this program has a way to make such a check.
 bool isValueCheck(const nlohmann::json& check);
 
 /// Compares what the host says, through the API as a plug-in reads it, with what the real host said.

@@ -147,5 +147,19 @@ TEST_F(MFnMeshSetsTest, facesThatTheMeshLacksAreLeftOut) {
     EXPECT_THAT(sets(0, true), ElementsAre("red: kMeshPolygonComponent 2 3"));
 }
 
+TEST_F(MFnMeshSetsTest, theFacesThatHistoryGaveToAGroupCount) {
+    run("createNode transform -n h; createNode mesh -n shown -p h; createNode groupParts -n parts; createNode groupId "
+        "-n id;"
+        "connectAttr m.o parts.ig; connectAttr id.id parts.gi; connectAttr parts.og shown.i;"
+        "setAttr parts.ic -type \"componentList\" 1 \"f[1]\"; connectAttr id.id \"shown.iog[0].og[0].gid\";"
+        "setAttr \"shown.iog[0].og[0].gcl\" -type \"componentList\" 1 \"f[3]\"; connectAttr \"shown.iog[0].og[0]\" "
+        "red.dsm[0]");
+    MObjectArray found;
+    MObjectArray components;
+    ASSERT_EQ(MFnMesh(node("shown")).getConnectedSetsAndMembers(0, found, components, true), MStatus::kSuccess);
+    ASSERT_EQ(found.length(), 1U);
+    EXPECT_EQ(describe(components[0]), "kMeshPolygonComponent 1") << "what the shape stores is out of date";
+}
+
 } // namespace
 } // namespace host

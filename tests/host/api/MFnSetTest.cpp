@@ -77,6 +77,14 @@ TEST_F(MFnSetTest, partsOfShapes) {
     EXPECT_FALSE(MFnSet(node("s")).isMember(shape));
 }
 
+TEST_F(MFnSetTest, partsThatHistoryKnows) {
+    run("createNode groupId -n id; createNode groupParts -n parts; connectAttr id.id parts.gi;"
+        "createNode polyCube -n cube; connectAttr cube.out parts.ig; connectAttr parts.og shape.i;"
+        "connectAttr id.id shape.iog[0].og[0].gid; connectAttr shape.iog[0].og[0] s.dsm[0];"
+        "setAttr parts.ic -type \"componentList\" 1 \"vtx[3]\"");
+    EXPECT_THAT(members(), testing::ElementsAre("a|shape.vtx[3]"));
+}
+
 TEST_F(MFnSetTest, partsOfCurves) {
     run("createNode transform -n t; createNode nurbsCurve -n c -p t; connectAttr c.iog[0].og[1] s.dsm[0];"
         "setAttr c.iog[0].og[1].gcl -type \"componentList\" 1 \"cv[2:3]\"");
