@@ -1,5 +1,8 @@
 #include "ScriptSession.h"
 
+#include "textFiles.h"
+#include "textureScene.h"
+
 #include "scene/nodeTests.h"
 #include "scene/plugReading.h"
 
@@ -70,6 +73,65 @@ TEST(AttributeReaders, ReadTheAttributesOfATransform) {
     EXPECT_EQ(billboardOf(session.node("a")), Billboard::kOn);
     session.mel("setAttr a.tvk_billboard 2;");
     EXPECT_EQ(billboardOf(session.node("a")), Billboard::kYOn);
+}
+
+// What the file says after an artist set the attribute.
+struct WrittenRow {
+    const char* attribute;
+    int value;
+    const char* line; // of the material's element
+    const char* word;
+};
+
+constexpr WrittenRow kWritten[] = {
+    {"tvk_lighting", 0, "light0", "off"},
+    {"tvk_lighting1", 1, "light1", "on"},
+    {"tvk_lighting2", 1, "light2", "on"},
+    {"tvk_lighting3", 1, "light3", "on"},
+    {"tvk_shininess_table", 1, "shininess_table_flag", "on"},
+    {"tvk_disp_face", 2, "face", "both"},
+    {"tvk_poly_mode", 2, "polygon_mode", "toon_highlight"},
+    {"tvk_poly_id", 63, "polygon_id", "63"},
+    {"tvk_wire_mode", 1, "wire_mode", "on"},
+    {"tvk_fog", 1, "fog_flag", "on"},
+    {"tvk_depth_test_decal", 1, "depth_test_decal", "on"},
+    {"tvk_xlu_update_depth", 1, "translucent_update_depth", "on"},
+    {"tvk_render_1_pixel", 1, "render_1_pixel", "on"},
+    {"tvk_far_clip", 1, "far_clipping", "on"},
+    {"tvk_tex_gen_mode", 3, "tex_gen_mode", "pos"},
+    {"tvk_tex_gen_st_src", 0, "tex_gen_st_src", "polygon"},
+};
+
+TEST(AttributeReaders, WhatAnArtistSetsIsWhatTheFileSays) {
+    ScriptSession session;
+    session.open(texturedText("a", sourcePath("samples/sourceimages/checker.tga")));
+    session.mel("select -r a_shader; TVK_AddShaderAttributes();");
+    for (const WrittenRow& row : kWritten) {
+        session.mel(std::string("setAttr a_shader.") + row.attribute + " " + std::to_string(row.value) + ";");
+    }
+    ASSERT_TRUE(session.exportAll());
+    const FileElement file = readIntermediateFile(session.fileText("model.imd"));
+    const FileElement& material = file.find("body")->find("material_array")->children.at(0);
+    for (const WrittenRow& row : kWritten) {
+        EXPECT_EQ(material.value(row.line), row.word) << row.attribute;
+    }
+}
+
+// Up to what follows the time of the export.
+std::string exportedModel(ExportSession& session) {
+    EXPECT_TRUE(session.exportAll());
+    const std::string text = session.fileText("model.imd");
+    return text.substr(text.find("<model_info"));
+}
+
+TEST(AttributeReaders, AddingThemChangesNothingThatIsExported) {
+    ScriptSession session;
+    session.mel("workspace -o \"" + sourcePath("samples") + "\"; file -f -o \"" + sourcePath("samples/materials.ma") +
+                "\";");
+    const std::string before = exportedModel(session);
+    session.mel("select -r `ls -type lambert` `ls -type transform` `ls -type file`;"
+                "TVK_AddShaderAttributes(); TVK_AddTransformAttributes(); TVK_AddTextureAttributes();");
+    EXPECT_EQ(exportedModel(session), before);
 }
 
 } // namespace
