@@ -7,6 +7,7 @@
 #include <set>
 #include <string>
 #include <tuple>
+#include <vector>
 
 namespace tvk {
 namespace {
@@ -88,6 +89,29 @@ double colorError(const ShownTexel& shown, const Rgba& pixel) {
            squared(expanded(shown.b) - pixel.b);
 }
 
+// The colours of a block between the corners of the box around those of its opaque pixels.
+std::vector<ShownTexel> plainBlock(const Picture& picture, int column, int row) {
+    ShownTexel low{31, 31, 31};
+    ShownTexel high{0, 0, 0};
+    bool hasHoles = false;
+    for (int i = 0; i < 16; ++i) {
+        const Rgba& pixel = sourceOf(picture, column / 4 * 4 + i % 4, row / 4 * 4 + i / 4);
+        hasHoles = hasHoles || pixel.a < kOpaque;
+        if (pixel.a >= kOpaque) {
+            const ShownTexel color = inFiveBits(pixel);
+            low = {std::min(low.r, color.r), std::min(low.g, color.g), std::min(low.b, color.b)};
+            high = {std::max(high.r, color.r), std::max(high.g, color.g), std::max(high.b, color.b)};
+        }
+    }
+    const int last = hasHoles ? 2 : 3;
+    std::vector<ShownTexel> colors;
+    for (int i = 0; i <= last; ++i) {
+        const auto mix = [&](int x, int y) { return (x * (last - i) + y * i) / last; };
+        colors.push_back({mix(low.r, high.r), mix(low.g, high.g), mix(low.b, high.b)});
+    }
+    return colors;
+}
+
 template <typename ShownAt>
 double signalToNoise(const Picture& picture, ShownAt shownAt) {
     double error = 0.0;
@@ -126,6 +150,16 @@ double peakSignalToNoise(const ModelTexture& texture, const Picture& picture) {
 
 double bestSignalToNoise(const Picture& picture) {
     return signalToNoise(picture, [&](int column, int row) { return inFiveBits(sourceOf(picture, column, row)); });
+}
+
+double plainBlocksSignalToNoise(const Picture& picture) {
+    return signalToNoise(picture, [&](int column, int row) {
+        const Rgba& pixel = sourceOf(picture, column, row);
+        const std::vector<ShownTexel> colors = plainBlock(picture, column, row);
+        return *std::min_element(colors.begin(), colors.end(), [&](const ShownTexel& x, const ShownTexel& y) {
+            return colorError(x, pixel) < colorError(y, pixel);
+        });
+    });
 }
 
 } // namespace tvk

@@ -24,4 +24,8 @@ double peakSignalToNoise(const ModelTexture& texture, const Picture& picture);
 /// The same when nothing but the lower three bits of a component is lost: the best that a format can do.
 double bestSignalToNoise(const Picture& picture);
 
+/// The same for blocks of 4 by 4 that mix the corners of the box around their colours in four steps, or in three where
+/// they have holes: what the plainest compressor of such textures does.
+double plainBlocksSignalToNoise(const Picture& picture);
+
 } // namespace tvk
