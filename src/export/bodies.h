@@ -1,7 +1,11 @@
 #pragma once
 
+#include "animation/materialColorBody.h"
+#include "animation/texturePatternBody.h"
+#include "animation/textureSrtBody.h"
 #include "animation/visibilityBody.h"
 #include "export/modelBody.h"
+#include "export/nodeAnimationBody.h"
 #include "scene/OutputKind.h"
 
 #include <maya/MStatus.h>
@@ -17,9 +21,13 @@ struct BodyWriter {
     MStatus (*write)(std::ostream& out);
 };
 
-inline constexpr std::array<BodyWriter, 2> kBodyWriters{{
+inline constexpr std::array<BodyWriter, 6> kBodyWriters{{
     {OutputKind::kImd, writeModelBody},
+    {OutputKind::kIca, writeNodeAnimationBody},
+    {OutputKind::kIma, writeMaterialColorBody},
+    {OutputKind::kItp, writeTexturePatternBody},
     {OutputKind::kIva, writeVisibilityBody},
+    {OutputKind::kIta, writeTextureSrtBody},
 }};
 
 } // namespace tvk

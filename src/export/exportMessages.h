@@ -26,7 +26,6 @@ inline constexpr Message kLongName{Severity::kWarning, "Length of name over 16 c
 inline constexpr Message kUnexpectedFailure{Severity::kError, "Export stopped: "};
 
 // What this version leaves out
-inline constexpr Message kOutputNotInVersion{Severity::kError, "This version does not write the output: "};
 inline constexpr Message kCompressionNotInVersion{Severity::kError,
                                                   "This version does not compress nodes: optimize_node="};
 inline constexpr Message kMeshesNotInVersion{Severity::kWarning,

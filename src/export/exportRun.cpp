@@ -1,5 +1,6 @@
 #include "export/exportRun.h"
 
+#include "animation/channelEncoding.h"
 #include "animation/sampling.h"
 #include "common/numberText.h"
 #include "export/batchLog.h"
@@ -34,18 +35,8 @@ void showProgress(const std::string& text) {
     MFeedbackLine::setFormat(hostText(text));
 }
 
-// Outputs that this version has no writer for.
-constexpr std::array<OutputKind, 4> kLaterKinds{OutputKind::kIca, OutputKind::kIma, OutputKind::kItp, OutputKind::kIta};
-
 MStatus refuseWhatThisVersionLacks() {
     const ExportOptions& options = run().options;
-    for (const OutputKind kind : kLaterKinds) {
-        const OutputKindRow row = outputKindRow(kind);
-        if (options.*row.enabled) {
-            say(kOutputNotInVersion, row.extension);
-            return MS::kFailure;
-        }
-    }
     if (options.optimizeNode > kOptimizeNone && options.optimizeNode <= kOptimizeUniteCombine) {
         say(kCompressionNotInVersion, integerText(options.optimizeNode).view());
         return MS::kFailure;
@@ -192,9 +183,10 @@ MStatus gatherScene() {
     settleScalingRule();
     warnOfMeshes();
     if (run().options.animationOutput) {
-        status = sampleAnimation();
+        status = sampleAnimation(readSampledSet);
     }
     if (status) {
+        encodeChannels(run().scene);
         MAnimControl::setCurrentTime(userTime);
     }
     return status;

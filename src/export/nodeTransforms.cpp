@@ -80,11 +80,22 @@ Vector3 exportedAngles(const RotationParts& parts) {
     return plain ? typed : decompose(combined(parts), typed).parts.rotate;
 }
 
-// Translation of the exported origin, before the parent's offset: where the scale pivot lands in the parent's space.
-Vector3 landedPivot(const MFnTransform& transform, const MMatrix& rotation) {
+// Translation of the exported origin, before the parent's offset: where the scale pivot of the static pose lands in the
+// parent's space. The pivot may have moved since.
+//   origin   in centimetres
+Vector3 landedPivot(const MFnTransform& transform, const MVector& origin, const Vector3& scale,
+                    const MMatrix& rotation) {
     const Pivots pivots = readPivots(transform);
-    const MVector turned = (pivots.scale + pivots.scaleTranslation - pivots.rotate) * rotation;
+    const MVector moved = origin - pivots.scale;
+    const MVector scaled(moved.x * scale[0], moved.y * scale[1], moved.z * scale[2]);
+    const MVector turned = (scaled + pivots.scale + pivots.scaleTranslation - pivots.rotate) * rotation;
     return toVector3(translationOf(transform, nullptr) + pivots.rotateTranslation + pivots.rotate + turned);
+}
+
+// In centimetres, as the static pose has it.
+MVector pivotOf(const NodeRecord& node) {
+    const Vector3 pivot = times(1.0 / run().options.magnify, node.pivotOffset);
+    return {pivot[0], pivot[1], pivot[2]};
 }
 
 bool isIdentity(const MMatrix& matrix) {
@@ -207,10 +218,9 @@ void buildMatrices(NodeRecord& node) {
 }
 
 // United nodes keep their places in the world, whatever is above a selection.
-void readUnitedSet(NodeRecord& node) {
+TransformSet unitedSet(const NodeRecord& node) {
     const MMatrix world = translationMatrix(node.pivotOffset) * worldMatrix(node.path, run().options.magnify);
-    node.united = decompose(world, node.own.rotate).parts;
-    normaliseAngles(node.united);
+    return decompose(world, node.own.rotate).parts;
 }
 
 MStatus readNode(NodeRecord& node, const BindPoseLookup& bindPose) {
@@ -240,7 +250,8 @@ MStatus readNode(NodeRecord& node, const BindPoseLookup& bindPose) {
     }
     normaliseAngles(node.own);
     if (run().options.unite) {
-        readUnitedSet(node);
+        node.united = unitedSet(node);
+        normaliseAngles(node.united);
     }
     return MS::kSuccess;
 }
@@ -279,9 +290,17 @@ MStatus readOwnSet(const NodeRecord& node, TransformSet& set) {
         return MS::kSuccess;
     }
     transform.getScale(set.scale.data());
-    const Vector3 origin =
-        node.isJoint ? toVector3(translationOf(transform, nullptr)) : landedPivot(transform, combined(rotation));
+    const Vector3 origin = node.isJoint ? toVector3(translationOf(transform, nullptr))
+                                        : landedPivot(transform, pivotOf(node), set.scale, combined(rotation));
     set.translate = minus(times(magnify, origin), parentOffset(node));
+    return MS::kSuccess;
+}
+
+MStatus readSampledSet(const NodeRecord& node, TransformSet& set) {
+    if (!run().options.unite) {
+        return readOwnSet(node, set);
+    }
+    set = unitedSet(node);
     return MS::kSuccess;
 }
 

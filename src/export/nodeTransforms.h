@@ -22,4 +22,7 @@ MStatus readNodeTransforms(const BindPoseLookup& bindPose);
 /// record's parent, before any bind pose. Used for the static pose and for every sampled frame.
 MStatus readOwnSet(const NodeRecord& node, TransformSet& set);
 
+/// The set of a sampled frame at the current time: readOwnSet, or where a united node stands in the world.
+MStatus readSampledSet(const NodeRecord& node, TransformSet& set);
+
 } // namespace tvk

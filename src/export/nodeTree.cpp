@@ -60,6 +60,7 @@ void sortNodes(RecordList& nodes) {
     for (std::size_t i = 0; i < keyed.size(); ++i) {
         nodes[i] = std::move(keyed[i].second);
         nodes[i]->index = static_cast<int32_t>(i);
+        nodes[i]->listPlace = nodes[i]->index;
     }
 }
 

@@ -7,7 +7,8 @@ namespace tvk {
 
 /// One channel over the frame range and, once encoded, where its data stands in its pool.
 struct AnimTrack {
-    std::vector<float> samples; // one per frame of the range
+    std::vector<float> samples;    // one per frame of the range
+    std::vector<float> continuous; // of a rotation: the same without jumps by whole turns
 
     bool constant = true;
     int32_t frameStep = 1; // 1, 2 or 4

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scene/AnimTrack.h"
 #include "scene/plugDriver.h"
 
 #include <maya/MFn.h>
@@ -10,7 +11,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 namespace tvk {
 
@@ -41,7 +41,7 @@ enum TexGenMode : int32_t { kTexGenNone, kTexGenTex, kTexGenNrm, kTexGenPos };
 struct ColorChannelRecord {
     MPlug plug; // null for a channel that the shader does not have
     PlugDriver driver;
-    std::vector<float> samples; // filled by the animation
+    AnimTrack track; // 0 to 31
 };
 
 /// Repeat, rotate and translate of a texture as the artist placed it.

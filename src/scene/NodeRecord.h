@@ -49,8 +49,9 @@ struct NodeLinks {
 
 /// One node of the model: a transform of the scene by one of its DAG paths, or the synthetic root.
 struct NodeRecord {
-    int32_t index = 0; // position in the sorted scene list; once the output list stands, position there
-    std::string name;  // unique in the list; UTF-8
+    int32_t index = 0;     // position in the sorted scene list; once the output list stands, position there
+    int32_t listPlace = 0; // position in the sorted scene list, SceneData::nodes
+    std::string name;      // unique in the list; UTF-8
     NodeKind kind = NodeKind::kNull;
     bool isJoint = false; // also of a joint that carries a mesh, whose kind is kMesh
     bool isRoot = false;  // first of the output list

@@ -62,10 +62,15 @@ struct SceneData {
     int32_t triangleTotal = 0;
     int32_t quadTotal = 0;
 
-    // Pools of the node animation, in 1/4096.
+    // Pools of the sampled channels, in 1/4096, colours in whole steps. With key interpolation all hold keys of four
+    // numbers, in 1/4096.
     std::vector<int32_t> nodeScaleData;
     std::vector<int32_t> nodeRotateData;
     std::vector<int32_t> nodeTranslateData;
+    std::vector<int32_t> matColorData;
+    std::vector<int32_t> texScaleData;
+    std::vector<int32_t> texRotateData;
+    std::vector<int32_t> texTranslateData;
 
     // Whether there is something to write in the animation files.
     bool materialColorAnimated = false;

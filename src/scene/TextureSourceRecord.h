@@ -31,6 +31,7 @@ struct TextureSourceRecord {
     bool texSrtAnimated = false;
     std::array<MPlug, kPlacementChannelCount> placementPlugs;
     std::array<PlugDriver, kPlacementChannelCount> placementDrivers;
+    std::array<AnimTrack, kPlacementChannelCount> placementTracks; // rotation in degrees
 };
 
 /// The frames through which a file texture flips.

@@ -1,6 +1,7 @@
 #include "animation/sampling.h"
 
 #include "export/exportRun.h"
+#include "export/nodeTransforms.h"
 #include "export/nodeTree.h"
 
 #include "ExportSession.h"
@@ -42,7 +43,7 @@ TEST(Sampling, AnAbsurdRangeIsRefused) {
     session.open(nodeText("transform", "a") + playback(1, 1000001));
     session.prepareRun("iva_file_out=1");
     ASSERT_TRUE(buildNodeTree());
-    EXPECT_FALSE(sampleAnimation());
+    EXPECT_FALSE(sampleAnimation(readSampledSet));
     EXPECT_EQ(session.takeMessages(), "Error: Too many frames: 1000001\n");
 }
 
@@ -75,7 +76,7 @@ TEST(Sampling, TheUsersTimeIsTheSameAfterwards) {
     session.mel("currentTime 7.5");
     session.prepareRun("iva_file_out=1");
     ASSERT_TRUE(buildNodeTree());
-    EXPECT_TRUE(sampleAnimation());
+    EXPECT_TRUE(sampleAnimation(readSampledSet));
     EXPECT_EQ(session.currentTime(), 7.5);
 }
 

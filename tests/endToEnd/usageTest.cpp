@@ -82,11 +82,6 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Runs, RefusedUse,
     testing::Values(
-        Refused{"LaterKind", {"scene.ma", "--kinds", "ica"}, 1, "This version does not write the output: ica"},
-        Refused{"LaterKindAmongOthers",
-                {"scene.ma", "--kinds", "imd,itp"},
-                1,
-                "This version does not write the output: itp"},
         Refused{"NoKind", {"scene.ma", "--set", "imd_file_out=0"}, 1, "No output file"},
         Refused{"Compression",
                 {"scene.ma", "--set", "optimize_node=1"},

@@ -178,11 +178,13 @@ TEST_F(OutputFile, ThatDoesNotFitOnTheDiskIsNamed) {
     EXPECT_EQ(session.takeMessages(), "Error: Can't write file: " + session.folder.path("model.imd") + "\n");
 }
 
-// No body writer knows the kind: the file ends after the info element.
 TEST_F(OutputFile, WhoseBodyFailsStaysWithoutATail) {
-    EXPECT_FALSE(writeOutputFile(OutputKind::kIca));
-    EXPECT_EQ(session.takeMessages(), "");
-    EXPECT_THAT(session.fileText("model.ica"), testing::EndsWith("\n/>\n\n"));
+    run().scene.textures.resize(1);
+    run().scene.textures[0].file = session.folder.path("missing.tga");
+    run().scene.textureOrder = {0};
+    EXPECT_FALSE(writeOutputFile(OutputKind::kImd));
+    EXPECT_NE(session.takeMessages().find("Can't open file: " + session.folder.path("missing.tga")), std::string::npos);
+    EXPECT_THAT(session.fileText("model.imd"), testing::EndsWith("<tex_image_array size=\"1\">\n"));
 }
 
 TEST_F(OutputFile, ReplacesWhatWasThere) {

@@ -196,15 +196,6 @@ TEST_F(ExportRun, MissingAnimationIsReportedBeforeTheFirstFileIsOpened) {
 
 // --- what this version leaves out
 
-TEST_F(ExportRun, OutputsThatThisVersionLacksAreRefused) {
-    session.open(nodeText("transform", "a"));
-    for (const std::string kind : {"ica", "ima", "itp", "ita"}) {
-        EXPECT_FALSE(session.exportAll(kind + "_file_out=1"));
-        EXPECT_EQ(session.takeMessages(), "Error: This version does not write the output: " + kind + "\n\n");
-        EXPECT_FALSE(session.hasFile("model.imd"));
-    }
-}
-
 TEST_F(ExportRun, NodeCompressionIsRefused) {
     session.open(nodeText("transform", "a"));
     for (const std::string mode : {"1", "2", "3", "4"}) {
