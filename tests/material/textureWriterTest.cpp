@@ -79,14 +79,39 @@ TEST_F(TextureWriter, TruncatedImageFailsAndKeepsWhatWasWritten) {
                                   "\n       (used by file_b.tga)\n");
 }
 
-TEST_F(TextureWriter, BlockWithoutColorsFailsAndNamesTheTexture) {
-    writeBytes(
-        folder.path("a.tga"),
-        tgaWithBlock(8, 8, joined({chunk("tvk_frmt", "palette4"), chunk("tvk_txel", std::vector<uint8_t>(16))})));
+struct BadBlock {
+    std::vector<std::vector<std::uint8_t>> chunks;
+    std::string message; // "@" stands for the folder
+};
+
+class TextureWriterWithBadBlock : public TextureWriter, public testing::WithParamInterface<BadBlock> {};
+
+TEST_P(TextureWriterWithBadBlock, FailsAndSaysWhy) {
+    writeBytes(folder.path("a.tga"), tgaWithBlock(8, 8, joined(GetParam().chunks)));
     use("a.tga");
     EXPECT_EQ(written(), "<tex_image_array size=\"1\">\n");
-    EXPECT_EQ(takeMessages(), "Error: No palette data: a\n       (used by file_a.tga)\n");
+    EXPECT_FALSE(succeeded);
+    std::string message = GetParam().message;
+    if (const auto at = message.find('@'); at != std::string::npos) {
+        message.replace(at, 1, folder.path());
+    }
+    EXPECT_EQ(takeMessages(), "Error: " + message + "\n       (used by file_a.tga)\n");
 }
+
+std::vector<std::uint8_t> zeros(std::size_t count) {
+    return std::vector<std::uint8_t>(count);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, TextureWriterWithBadBlock,
+    testing::Values(BadBlock{{chunk("tvk_frmt", "direct")}, "Invalid additional information: @/a.tga"},
+                    BadBlock{{chunk("tvk_frmt", "direct"), chunk("tvk_txel", zeros(126))},
+                             "Invalid additional information: @/a.tga"},
+                    BadBlock{{chunk("tvk_frmt", "tex4x4"), chunk("tvk_txel", zeros(16))},
+                             "Invalid additional information: @/a.tga"},
+                    BadBlock{{chunk("tvk_frmt", "palette8"), chunk("tvk_txel", zeros(16))},
+                             "Invalid texture format: palette8"},
+                    BadBlock{{chunk("tvk_frmt", "palette4"), chunk("tvk_txel", zeros(16))}, "No palette data: a"}));
 
 TEST_F(TextureWriter, PalettesOfOneNameWithOneOtherColorFailAndNameBothImages) {
     makeWithBlock("x.tga", "shared", {1, 2, 3, 4});
