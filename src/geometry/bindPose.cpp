@@ -45,19 +45,6 @@ MPlug bindPlugOf(const MPlug& driverPlug) {
                : plug;
 }
 
-std::optional<MMatrix> readBindMatrix(const MPlug& plug) {
-    MObject data;
-    MStatus status = MS::kFailure;
-    if (readPlug(plug, data)) {
-        const MFnMatrixData function(data, &status);
-        if (status) {
-            return guardedInverse(function.matrix());
-        }
-    }
-    say(kBindPreMatrixFailed, textOf(plug.name()));
-    return std::nullopt;
-}
-
 } // namespace
 
 void markInfluences(SceneData& scene) {
@@ -80,6 +67,19 @@ void markInfluences(SceneData& scene) {
             }
         }
     }
+}
+
+std::optional<MMatrix> readBindMatrix(const MPlug& bindPreMatrix) {
+    MObject data;
+    MStatus status = MS::kFailure;
+    if (readPlug(bindPreMatrix, data)) {
+        const MFnMatrixData function(data, &status);
+        if (status) {
+            return guardedInverse(function.matrix());
+        }
+    }
+    say(kBindPreMatrixFailed, textOf(bindPreMatrix.name()));
+    return std::nullopt;
 }
 
 std::optional<MMatrix> findBindMatrix(const NodeRecord& node) {
