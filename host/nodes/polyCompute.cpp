@@ -2,8 +2,14 @@
 
 #include "host/nodes/historyCompute.h"
 #include "host/nodes/meshRows.h"
+#include "host/nodes/paintCorners.h"
 
+#include "host/geometry/meshComponents.h"
+#include "host/geometry/meshEdits.h"
+
+#include <algorithm>
 #include <memory>
+#include <string>
 #include <utility>
 
 namespace host {
@@ -15,9 +21,29 @@ PlugAddress address(AttrIndex attr) {
 }
 
 /// The same in all modifiers, since a type's own attributes come after those that it inherits.
-AttrIndex inputOf(const Node& node) {
-    static const AttrIndex kInput = node.type().find("inputPolymesh");
-    return kInput;
+struct ModifierAttributes {
+    explicit ModifierAttributes(const NodeType& type)
+        : input(type.find("inputPolymesh")), components(type.find("inputComponents")), matrix(type.find("inputMatrix")),
+          worldSpace(type.find("worldSpace")) {}
+
+    AttrIndex input, components, matrix, worldSpace;
+};
+
+const ModifierAttributes& modifierAttributes(const Node& node) {
+    static const ModifierAttributes kAttributes(node.type());
+    return kAttributes;
+}
+
+/// Never null.
+std::shared_ptr<const ComponentList> listOf(Evaluation& evaluation, Node& node, AttrIndex attr) {
+    const DataPtr data = evaluation.data(node, address(attr));
+    return data != nullptr && data->kind == DataKind::kComponentList
+               ? std::static_pointer_cast<const ComponentList>(data)
+               : std::make_shared<const ComponentList>();
+}
+
+std::shared_ptr<const ComponentList> chosenOf(Evaluation& evaluation, Node& node) {
+    return listOf(evaluation, node, modifierAttributes(node).components);
 }
 
 void tweakPoints(Evaluation& evaluation, Node& node, MeshData& mesh) {
@@ -27,6 +53,69 @@ void tweakPoints(Evaluation& evaluation, Node& node, MeshData& mesh) {
     mesh.points = std::move(points);
 }
 
+/// The UV set that a node works on; null when there is none.
+UvSet* uvSetOf(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    const std::string name = evaluation.string(node, address(node.type().find("uvSetName")));
+    const UvSet* found = mesh.findUvSet(name);
+    return found != nullptr ? &mesh.uvSets[static_cast<std::size_t>(found - mesh.uvSets.data())] : nullptr;
+}
+
+void tweakUvs(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    static const AttrIndex kTweak = node.type().find("uvTweak");
+    UvSet* set = uvSetOf(evaluation, node, mesh);
+    const NumberRows* rows = evaluation.graph().storedRows({&node, address(kTweak)});
+    if (set == nullptr || rows == nullptr) {
+        return;
+    }
+    auto points = std::make_shared<std::vector<Imath::V2f>>(*set->points);
+    for (std::size_t row = 0; row < rows->rowCount(); ++row) {
+        const auto at = static_cast<std::size_t>(rows->logicalIndex(row));
+        if (at < points->size()) {
+            (*points)[at] +=
+                Imath::V2f(static_cast<float>(rows->value(row, 0)), static_cast<float>(rows->value(row, 1)));
+        }
+    }
+    set->points = std::move(points);
+}
+
+void softenChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    static const AttrIndex kAngle = node.type().find("angle");
+    const ModifierAttributes& attr = modifierAttributes(node);
+    const bool isInWorld = evaluation.number(node, attr.worldSpace) != 0.0;
+    mesh = *softenEdges(mesh, namedEdges(*chosenOf(evaluation, node), *mesh.topology), evaluation.number(node, kAngle),
+                        isInWorld ? evaluation.matrix(node, address(attr.matrix)) : Matrix44());
+}
+
+void reverseChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    static const AttrIndex kMode = node.type().find("normalMode");
+    static const AttrIndex kUserNormals = node.type().find("userNormalMode");
+    if (evaluation.number(node, kMode) != 0.0) {
+        evaluation.warn(node.name() + ": only the normal mode 'reverse' is supported (its input passes through)");
+        return;
+    }
+    mesh = *reverseFaces(mesh, namedFaces(*chosenOf(evaluation, node), *mesh.topology),
+                         evaluation.number(node, kUserNormals) != 0.0);
+}
+
+void unmapChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    if (UvSet* set = uvSetOf(evaluation, node, mesh)) {
+        *set = withoutFaces(*set, namedFaces(*chosenOf(evaluation, node), *mesh.topology));
+    }
+}
+
+void deleteChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    static const AttrIndex kComponents = node.type().find("deleteComponents");
+    const auto list = listOf(evaluation, node, kComponents);
+    const bool hasOthers = std::any_of(list->ranges.begin(), list->ranges.end(),
+                                       [](const ComponentRange& range) { return range.kind != ComponentKind::kFace; });
+    if (hasOthers) {
+        evaluation.warn(node.name() + ": only faces can be deleted (its edges and vertices stay)");
+    }
+    std::vector<bool> keeps = namedFaces(*list, *mesh.topology);
+    keeps.flip();
+    mesh = *keepFaces(mesh, keeps);
+}
+
 } // namespace
 
 void computeNoMesh(Evaluation& evaluation, Node& node, const PlugAddress& output) {
@@ -34,11 +123,47 @@ void computeNoMesh(Evaluation& evaluation, Node& node, const PlugAddress& output
 }
 
 void computePassingModifier(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    evaluation.putData(node, output, evaluation.data(node, address(inputOf(node))));
+    evaluation.putData(node, output, evaluation.data(node, address(modifierAttributes(node).input)));
 }
 
 void computePolyTweak(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    putChanged(evaluation, node, inputOf(node), output, tweakPoints);
+    putChanged(evaluation, node, modifierAttributes(node).input, output, tweakPoints);
+}
+
+void computePolyTweakUv(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    putChanged(evaluation, node, modifierAttributes(node).input, output, tweakUvs);
+}
+
+void computePolySoftEdge(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    putChanged(evaluation, node, modifierAttributes(node).input, output, softenChosen);
+}
+
+void computePolyNormal(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    putChanged(evaluation, node, modifierAttributes(node).input, output, reverseChosen);
+}
+
+void computePolyMapDel(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    putChanged(evaluation, node, modifierAttributes(node).input, output, unmapChosen);
+}
+
+void computePolyColorPerVertex(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    putChanged(evaluation, node, modifierAttributes(node).input, output, paintCorners);
+}
+
+void computeDeleteComponent(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    putChanged(evaluation, node, node.type().find("inputGeometry"), output, deleteChosen);
+}
+
+void computePolyUnite(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    static const AttrIndex kMeshes = node.type().find("inputPoly");
+    static const AttrIndex kMatrices = node.type().find("inputMat");
+    std::vector<std::pair<MeshPtr, Matrix44>> meshes;
+    for (const std::int32_t element : evaluation.graph().elementIndices({&node, address(kMeshes)})) {
+        if (MeshPtr mesh = meshOf(evaluation.data(node, address(kMeshes).element(element)))) {
+            meshes.emplace_back(std::move(mesh), evaluation.matrix(node, address(kMatrices).element(element)));
+        }
+    }
+    evaluation.putData(node, output, uniteMeshes(meshes));
 }
 
 } // namespace host
