@@ -1,5 +1,6 @@
 #include "geometry/matrixGrouping.h"
 
+#include "geometry/MatrixSet.h"
 #include "geometry/MatrixSlots.h"
 
 #include <algorithm>
@@ -15,12 +16,9 @@ namespace tvk {
 
 namespace {
 
-// The matrices of a face, ascending, then -1 to the end.
-using MatrixSet = std::array<int32_t, 4>;
-
 // Faces that need the same matrices; matrices are numbered from 0 in order of first use.
 struct Bucket {
-    MatrixSet matrices{};
+    MatrixSet matrices;
     std::vector<int32_t> faces;
     int32_t missing = 0; // of its matrices, those that the group at hand does not have
     int32_t loads = 0;   // of those, the ones that no slot holds
@@ -50,15 +48,6 @@ MatrixNumbers numberMatrices(const FaceList& faces) {
     return numbers;
 }
 
-MatrixSet matrixSet(const int32_t* first, std::size_t count) {
-    MatrixSet set{-1, -1, -1, -1};
-    std::copy(first, first + count, set.begin());
-    std::sort(set.begin(), set.begin() + static_cast<std::ptrdiff_t>(count));
-    auto* const end = std::unique(set.begin(), set.begin() + static_cast<std::ptrdiff_t>(count));
-    std::fill(end, set.end(), -1);
-    return set;
-}
-
 // Divides buckets into groups: each begins with the bucket that needs the fewest loads and grows by the bucket that
 // adds the fewest matrices, then the fewest loads, then the most faces.
 class GroupGrowth {
@@ -66,7 +55,7 @@ public:
     GroupGrowth(std::vector<Bucket> allBuckets, std::size_t matrixCount)
         : buckets(std::move(allBuckets)), users(matrixCount), isInGroup(matrixCount, 0), isHeld(matrixCount, 0) {
         for (std::size_t i = 0; i < buckets.size(); ++i) {
-            for (const int32_t matrix : buckets[i].matrices) {
+            for (const int32_t matrix : buckets[i].matrices.sorted()) {
                 if (matrix < 0)
                     continue;
                 users[static_cast<std::size_t>(matrix)].push_back(i);
@@ -131,7 +120,7 @@ private:
     void take(std::size_t bucket) {
         queue.erase(keyOf(bucket));
         buckets[bucket].isTaken = true;
-        for (const int32_t matrix : buckets[bucket].matrices) {
+        for (const int32_t matrix : buckets[bucket].matrices.sorted()) {
             if (matrix < 0 || isInGroup[static_cast<std::size_t>(matrix)] != 0)
                 continue;
             isInGroup[static_cast<std::size_t>(matrix)] = 1;
@@ -217,7 +206,9 @@ private:
     std::vector<Bucket> makeBuckets() const {
         std::map<MatrixSet, std::vector<int32_t>> bySet;
         for (std::size_t face = 0; face < faces.sizes.size(); ++face) {
-            const MatrixSet set = matrixSet(&numbers.ofCorner[starts[face]], faces.sizes[face]);
+            MatrixSet set;
+            for (std::size_t i = starts[face]; i < starts[face + 1]; ++i)
+                set.add(numbers.ofCorner[i]);
             bySet[set].push_back(static_cast<int32_t>(face));
         }
         std::vector<Bucket> buckets;
@@ -245,7 +236,7 @@ private:
         }
         std::map<int32_t, std::vector<std::size_t>> groupsWith;
         for (const std::size_t bucket : groups[smallest]) {
-            for (const int32_t matrix : buckets[bucket].matrices)
+            for (const int32_t matrix : buckets[bucket].matrices.sorted())
                 groupsWith[matrix];
         }
         for (std::size_t i = 0; i < groups.size(); ++i) {
@@ -267,8 +258,8 @@ private:
     // The first group that has all matrices of a set, `none` when there is no such group.
     static std::size_t commonGroup(const MatrixSet& set, const std::map<int32_t, std::vector<std::size_t>>& groupsWith,
                                    std::size_t none) {
-        std::vector<std::size_t> common = groupsWith.at(set[0]);
-        for (const int32_t matrix : set) {
+        std::vector<std::size_t> common = groupsWith.at(set.sorted()[0]);
+        for (const int32_t matrix : set.sorted()) {
             if (matrix < 0)
                 continue;
             std::vector<std::size_t> both;
@@ -282,7 +273,7 @@ private:
     static std::set<int32_t> matricesOf(const std::vector<std::size_t>& group, const std::vector<Bucket>& buckets) {
         std::set<int32_t> matrices;
         for (const std::size_t bucket : group) {
-            for (const int32_t matrix : buckets[bucket].matrices) {
+            for (const int32_t matrix : buckets[bucket].matrices.sorted()) {
                 if (matrix >= 0)
                     matrices.insert(matrix);
             }

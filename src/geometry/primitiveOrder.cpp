@@ -1,7 +1,8 @@
 #include "geometry/primitiveOrder.h"
 
+#include "geometry/MatrixSet.h"
+
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <unordered_map>
 #include <utility>
@@ -97,15 +98,11 @@ void breakOneStrip(LooseFaces& faces, int32_t lastMatrix) {
     }
 }
 
-std::array<int32_t, 4> matrixSet(const Vertices& face) {
-    std::array<int32_t, 4> matrices{};
-    matrices.fill(face[0].matrix);
-    for (std::size_t i = 0; i < face.size(); ++i)
-        matrices[i] = face[i].matrix;
-    std::sort(matrices.begin(), matrices.end());
-    const auto* const last = std::unique(matrices.begin(), matrices.end());
-    std::fill(matrices.begin() + (last - matrices.begin()), matrices.end(), matrices[0] - 1);
-    return matrices;
+MatrixSet matricesOf(const Vertices& face) {
+    MatrixSet set;
+    for (const Corner& corner : face)
+        set.add(corner.matrix);
+    return set;
 }
 
 class Sender {
@@ -142,9 +139,9 @@ public:
         if (list.empty())
             return;
         if (sortLists) {
-            std::vector<std::pair<std::array<int32_t, 4>, std::size_t>> order;
+            std::vector<std::pair<MatrixSet, std::size_t>> order;
             for (std::size_t i = keepsFirst ? 1 : 0; i < list.size(); ++i)
-                order.emplace_back(matrixSet(list[i]), i);
+                order.emplace_back(matricesOf(list[i]), i);
             std::sort(order.begin(), order.end());
             VertexLists sorted;
             if (keepsFirst)
