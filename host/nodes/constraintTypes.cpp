@@ -1,4 +1,5 @@
 #include "host/nodes/apiTypes.h"
+#include "host/nodes/constraintCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 
@@ -28,7 +29,7 @@ constexpr AttributeRow kPoint[] = {
     {"restTranslate", "rst", "distance3", "restTranslateX rtx restTranslateY rty restTranslateZ rtz", 0, kKeyable},
     {"offsetPolarity", "op", "double", {}, 1},
     {"constraintOffsetPolarity", "cop", "double", {}, 1},
-    {"constraintTranslate", "ct", "distance3", "XYZ"},
+    {"constraintTranslate", "ct", "distance3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kOrient[] = {
@@ -51,7 +52,7 @@ constexpr AttributeRow kOrient[] = {
     {"inverseScale", "is", "double3", "XYZ", 1},
     {"useOldOffsetCalculation", "uooc", "bool"},
     {"useDecompositionTarget", "dct", "bool"},
-    {"constraintRotate", "cr", "angle3", "XYZ"},
+    {"constraintRotate", "cr", "angle3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kParent[] = {
@@ -84,8 +85,8 @@ constexpr AttributeRow kParent[] = {
     {"lastTargetRotate", "lr", "angle3", "lastTargetRotateX lrx lastTargetRotateY lry lastTargetRotateZ lrz"},
     {"rotationDecompositionTarget", "rdt", "angle3", "XYZ"},
     {"useDecompositionTarget", "dct", "bool"},
-    {"constraintTranslate", "ct", "distance3", "XYZ"},
-    {"constraintRotate", "cr", "angle3", "XYZ"},
+    {"constraintTranslate", "ct", "distance3", "XYZ", 0, kComputed},
+    {"constraintRotate", "cr", "angle3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kScale[] = {
@@ -97,7 +98,7 @@ constexpr AttributeRow kScale[] = {
     {"constraintScaleCompensate", "csc", "bool"},
     {"offset", "o", "double3", "XYZ", 1, kKeyable},
     {"restScale", "rss", "double3", "restScaleX rsx restScaleY rsy restScaleZ rsz", 1},
-    {"constraintScale", "cs", "double3", "XYZ"},
+    {"constraintScale", "cs", "double3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kAim[] = {
@@ -123,7 +124,7 @@ constexpr AttributeRow kAim[] = {
     {"restRotate", "rsrr", "angle3", "restRotateX rrx restRotateY rry restRotateZ rrz", 0, kKeyable},
     {"scaleCompensate", "sc", "bool"},
     {"inverseScale", "is", "double3", "XYZ", 1},
-    {"constraintRotate", "cr", "angle3", "XYZ"},
+    {"constraintRotate", "cr", "angle3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kPoleVector[] = {
@@ -140,12 +141,16 @@ constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
 
 constexpr TypeRow kTypes[] = {
     {"constraint", "transform", api::kConstraint, kConstraint, kNotEvaluated},
-    {"pointConstraint", "constraint", api::kPointConstraint, kPoint},
-    {"poleVectorConstraint", "pointConstraint", api::kPoleVectorConstraint, kPoleVector},
-    {"orientConstraint", "constraint", api::kOrientConstraint, kOrient},
-    {"parentConstraint", "constraint", api::kParentConstraint, kParent},
-    {"scaleConstraint", "constraint", api::kScaleConstraint, kScale},
-    {"aimConstraint", "constraint", api::kAimConstraint, kAim},
+    {"pointConstraint", "constraint", api::kPointConstraint, kPoint, {DagRole::kNone, computePointConstraint}},
+    {"poleVectorConstraint",
+     "pointConstraint",
+     api::kPoleVectorConstraint,
+     kPoleVector,
+     {DagRole::kNone, computePoleVectorConstraint}},
+    {"orientConstraint", "constraint", api::kOrientConstraint, kOrient, {DagRole::kNone, computeOrientConstraint}},
+    {"parentConstraint", "constraint", api::kParentConstraint, kParent, {DagRole::kNone, computeParentConstraint}},
+    {"scaleConstraint", "constraint", api::kScaleConstraint, kScale, {DagRole::kNone, computeScaleConstraint}},
+    {"aimConstraint", "constraint", api::kAimConstraint, kAim, {DagRole::kNone, computeAimConstraint}},
     {"lookAt", "aimConstraint", api::kLookAt},
     {"geometryConstraint", "constraint", api::kGeometryConstraint, kGeometry},
     {"normalConstraint", "constraint", api::kNormalConstraint},

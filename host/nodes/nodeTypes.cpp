@@ -1,6 +1,7 @@
 #include "host/nodes/nodeTypes.h"
 
 #include "host/nodes/clusterCompute.h"
+#include "host/nodes/constraintCompute.h"
 #include "host/nodes/curveCompute.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/meshCompute.h"
@@ -23,6 +24,12 @@ constexpr AffectsRow kAffects[] = {
     {computeMesh, fillMeshAffects},
     {computeSkinCluster, fillSkinAffects},
     {computeClusterHandle, fillDagAffects},
+    {computePointConstraint, fillConstraintAffects},
+    {computePoleVectorConstraint, fillConstraintAffects},
+    {computeOrientConstraint, fillConstraintAffects},
+    {computeParentConstraint, fillConstraintAffects},
+    {computeScaleConstraint, fillConstraintAffects},
+    {computeAimConstraint, fillConstraintAffects},
 };
 
 } // namespace

@@ -70,13 +70,13 @@ TEST_F(EvaluationNotes, FindDriversBehindEvaluatedNodes) {
 
 TEST_F(EvaluationNotes, NameConstraintsByWhatTheyHold) {
     Node& cube = make("transform", "cube");
-    Node& target = make("transform", "target");
-    Node& constraint = make("parentConstraint", "cube_parentConstraint1", &cube);
-    connect(target, "t", constraint, "tg[0].tt");
-    connect(constraint, "ctx", cube, "tx");
-    EXPECT_EQ(
-        findEvaluationNotes(graph),
-        Notes{"node type 'parentConstraint' is not supported: cube.cube_parentConstraint1 keeps its stored values"});
+    Node& constraint = make("geometryConstraint", "cube_geometryConstraint1", &cube);
+    Node& evaluated = make("pointConstraint", "cube_pointConstraint1", &cube);
+    connect(constraint, "cg", cube, "ty");
+    connect(evaluated, "ctx", cube, "tx");
+    EXPECT_EQ(findEvaluationNotes(graph),
+              Notes{"node type 'geometryConstraint' is not supported: cube.cube_geometryConstraint1 keeps its stored "
+                    "values"});
 }
 
 TEST_F(EvaluationNotes, NameHandlesByTheJointWhereTheyBegin) {
