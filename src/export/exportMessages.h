@@ -26,10 +26,6 @@ inline constexpr Message kLongName{Severity::kWarning, "Length of name over 16 c
 inline constexpr Message kUnexpectedFailure{Severity::kError, "Export stopped: "};
 
 // What this version leaves out
-inline constexpr Message kCompressionNotInVersion{Severity::kError,
-                                                  "This version does not compress nodes: optimize_node="};
-inline constexpr Message kMeshesNotInVersion{Severity::kWarning,
-                                             "This version writes mesh nodes without their polygons: "};
 inline constexpr Message kWorkbenchNotInVersion{Severity::kWarning, "This version does not start Material Workbench"};
 
 // Node tree
@@ -48,7 +44,6 @@ inline constexpr Message kNodeNameChanged{Severity::kWarning, "Node name changed
 inline constexpr Message kTooManyNodes{Severity::kError, "Too many nodes: "};
 
 // Materials
-inline constexpr Message kGettingShadingGroups{Severity::kError, "getConnectedSetsAndMembers: "};
 
 // Node transforms
 inline constexpr Message kShear{Severity::kWarning, "Shear is not zero (ignored): "};

@@ -8,8 +8,8 @@
 #include "export/exportMessages.h"
 #include "export/exportOptions.h"
 #include "export/materialPass.h"
+#include "export/modelGathering.h"
 #include "export/nodeTransforms.h"
-#include "export/nodeTree.h"
 #include "export/runReport.h"
 #include "platform/outputWindow.h"
 #include "platform/userEnvironment.h"
@@ -24,7 +24,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
 #include <ostream>
 #include <string>
 
@@ -33,35 +32,6 @@ namespace {
 
 void showProgress(const std::string& text) {
     MFeedbackLine::setFormat(hostText(text));
-}
-
-MStatus refuseWhatThisVersionLacks() {
-    const ExportOptions& options = run().options;
-    if (options.optimizeNode > kOptimizeNone && options.optimizeNode <= kOptimizeUniteCombine) {
-        say(kCompressionNotInVersion, integerText(options.optimizeNode).view());
-        return MS::kFailure;
-    }
-    return MS::kSuccess;
-}
-
-void warnOfMeshes() {
-    const auto& nodes = run().scene.outputNodes;
-    const auto meshes =
-        std::count_if(nodes.begin(), nodes.end(), [](const NodeRecord* node) { return node->kind == NodeKind::kMesh; });
-    if (meshes > 0 && run().options.outImd) {
-        say(kMeshesNotInVersion, integerText(meshes).view());
-    }
-}
-
-void settleScalingRule() {
-    const auto& nodes = run().scene.outputNodes;
-    run().scene.scalingRuleIsMaya =
-        std::any_of(nodes.begin(), nodes.end(), [](const NodeRecord* node) { return node->scaleCompensate; });
-}
-
-// Nobody drives a deformer yet as far as the records know, so no node asks for its pose at binding.
-std::optional<MMatrix> noBindPose(const NodeRecord& /*node*/) {
-    return std::nullopt;
 }
 
 struct AnimationCheck {
@@ -159,29 +129,15 @@ struct RunGuard {
 } // namespace
 
 MStatus gatherScene() {
-    MStatus status = refuseWhatThisVersionLacks();
-    if (!status) {
-        return status;
-    }
     run().scene.framesPerSecond = static_cast<float>(MTime(1.0, MTime::kSeconds).as(MTime::uiUnit()));
     const MTime userTime = MAnimControl::currentTime();
     MAnimControl::setCurrentTime(MTime(run().options.startTime, MTime::uiUnit()));
-    status = buildNodeTree();
-    if (status) {
-        status = readNodeTransforms(noBindPose);
-    }
-    if (status) {
-        status = gatherMaterials();
-    }
-    if (status) {
-        status = settleMaterials();
-    }
+    MStatus status = readModel();
     if (!status) {
         return status;
     }
     prepareMaterialAnimation();
-    settleScalingRule();
-    warnOfMeshes();
+    settleModel();
     if (run().options.animationOutput) {
         status = sampleAnimation(readSampledSet);
     }

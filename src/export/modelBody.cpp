@@ -1,22 +1,46 @@
 #include "export/modelBody.h"
 
 #include "export/nodeArray.h"
+#include "geometry/polygonWriter.h"
+#include "geometry/tableWriters.h"
 #include "material/materialWriter.h"
 #include "material/paletteWriter.h"
 #include "material/textureWriter.h"
+#include "scene/Run.h"
 
 #include <array>
 
 namespace tvk {
 namespace {
 
-// In written order. Images come first also because converting them settles what palettes there are and what materials
-// say of their textures.
-constexpr std::array<MStatus (*)(std::ostream&), 4> kSections{
-    [](std::ostream& out) { return writeTexImageArray(out, true); },
-    writeTexPaletteArray,
-    writeMaterialArray,
-    [](std::ostream& out) { return writeNodeArray(out, false); },
+template <void (*writer)(std::ostream&)>
+MStatus always(std::ostream& out) {
+    writer(out);
+    return MS::kSuccess;
+}
+
+MStatus writeVertexTables(std::ostream& out) {
+    if (run().options.vertexTableFlag) {
+        writeVertexPositions(out);
+        writeVertexColors(out);
+    }
+    return MS::kSuccess;
+}
+
+MStatus writeImages(std::ostream& out) {
+    return writeTexImageArray(out, true);
+}
+
+MStatus writeNodes(std::ostream& out) {
+    return writeNodeArray(out, false);
+}
+
+// In written order. Materials say of their textures what converting the images settles, nodes say of their polygons
+// what building these settles.
+constexpr std::array<MStatus (*)(std::ostream&), 9> kSections{
+    always<writeBoxTest>, writeVertexTables, // of all polygons
+    writeImages,          writeTexPaletteArray, writeMaterialArray, always<writeEnvelope>, always<writeMatrixArray>,
+    writePolygonArray,    writeNodes,
 };
 
 } // namespace

@@ -83,10 +83,6 @@ INSTANTIATE_TEST_SUITE_P(
     Runs, RefusedUse,
     testing::Values(
         Refused{"NoKind", {"scene.ma", "--set", "imd_file_out=0"}, 1, "No output file"},
-        Refused{"Compression",
-                {"scene.ma", "--set", "optimize_node=1"},
-                1,
-                "This version does not compress nodes: optimize_node=1"},
         Refused{"MissingNode", {"scene.ma", "--select", "none"}, 1, "No object matches name: none"},
         Refused{"MissingNodeAmongOthers", {"scene.ma", "--select", "a,none"}, 1, "No object matches name: none"},
         Refused{"MissingPlugin", {"scene.ma", "--plugin", "none.so"}, 1, "Plug-in, \"@/none.so\", was not found"},

@@ -2,6 +2,7 @@
 
 #include "ExportSession.h"
 #include "sceneText.h"
+#include "shadingText.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -140,7 +141,8 @@ TEST_F(ExportRun, OnlyTheVisibilityOfASceneWithoutAnyIsWrittenWithAWarning) {
 
 TEST_F(ExportRun, AHiddenParentHidesTheMeshBelowIt) {
     session.open(nodeText("transform", "group") + nodeText("transform", "body", "group") +
-                 meshText("bodyShape", "body") + visibilityKeys("group", "0 1 5 0 9 1", 3) + playback(0, 11));
+                 meshText("bodyShape", "body") + inDefaultGroup("bodyShape") +
+                 visibilityKeys("group", "0 1 5 0 9 1", 3) + playback(0, 11));
     ASSERT_TRUE(session.exportAll("iva_file_out=1"));
     const VisibilityFile file = session.visibility();
     ASSERT_EQ(file.nodes.size(), 2U);
@@ -195,24 +197,6 @@ TEST_F(ExportRun, MissingAnimationIsReportedBeforeTheFirstFileIsOpened) {
 }
 
 // --- what this version leaves out
-
-TEST_F(ExportRun, NodeCompressionIsRefused) {
-    session.open(nodeText("transform", "a"));
-    for (const std::string mode : {"1", "2", "3", "4"}) {
-        EXPECT_FALSE(session.exportAll("optimize_node=" + mode));
-        EXPECT_EQ(session.takeMessages(),
-                  "Error: This version does not compress nodes: optimize_node=" + mode + "\n\n");
-    }
-    EXPECT_TRUE(session.exportAll("optimize_node=5")); // no mode at all: no compression
-}
-
-TEST_F(ExportRun, MeshNodesAreWrittenWithoutTheirPolygons) {
-    session.open(nodeText("transform", "a") + meshText("aShape", "a") + nodeText("transform", "b", "a") +
-                 meshText("bShape", "b"));
-    ASSERT_TRUE(session.exportAll());
-    EXPECT_EQ(session.takeMessages(), "Warning: This version writes mesh nodes without their polygons: 2\n\n");
-    EXPECT_EQ(session.model().node("a").kind, "mesh");
-}
 
 TEST_F(ExportRun, TheWorkbenchIsNotStarted) {
     session.open(nodeText("transform", "a"));
@@ -282,7 +266,7 @@ TEST_F(ExportRun, SceneClutter) {
                  meshText("ghostShape", "ghost", "setAttr \".tmp\" yes;") + nodeText("transform", "grip", "hero") +
                  nodeText("locator", "gripShape", "grip") + nodeText("transform", "shot1", "hero") +
                  nodeText("camera", "shot1Shape", "shot1") + nodeText("transform", "lens", "shot1") +
-                 meshText("lensShape", "lens"));
+                 meshText("lensShape", "lens") + inDefaultGroup("lensShape"));
     ASSERT_TRUE(session.exportAll());
     const ModelFile model = session.model();
     EXPECT_THAT(model.names(),
@@ -294,24 +278,27 @@ TEST_F(ExportRun, SceneClutter) {
     EXPECT_EQ(model.node("knee").kind, "joint");
     EXPECT_EQ(model.node("lens").kind, "mesh");
     EXPECT_EQ(session.takeMessages(), "Warning: Can't export NURBS curve: ctrl_a\n"
-                                      "Warning: Can't export NURBS curve: ctrl_b\n"
-                                      "Warning: This version writes mesh nodes without their polygons: 1\n\n");
+                                      "Warning: Can't export NURBS curve: ctrl_b\n\n");
 }
 
 // One mesh under three transforms, all of them reached twice through an instanced group; names that clash by nature.
 TEST_F(ExportRun, InstancesAndClashes) {
+    std::string shaded;
+    for (int i = 0; i < 6; ++i) {
+        shaded += inDefaultGroup("m", i);
+    }
     session.open(nodeText("transform", "world_root") + nodeText("transform", "left") + nodeText("transform", "right") +
                  nodeText("transform", "group", "left") + nodeText("transform", "a", "group") + meshText("m", "a") +
                  nodeText("transform", "a_1", "group") + nodeText("transform", "c", "group") +
                  "parent -s -nc -r -add \"m\" \"a_1\";\nparent -s -nc -r -add \"m\" \"c\";\n"
-                 "parent -nc -r -add \"group\" \"right\";\n");
+                 "parent -nc -r -add \"group\" \"right\";\n" +
+                 shaded);
     ASSERT_TRUE(session.exportAll());
     EXPECT_EQ(session.takeMessages(), "Warning: Node name changed: right|group -> group_1\n"
                                       "Warning: Node name changed: right|group|a -> a_2\n"
                                       "Warning: Node name changed: right|group|a_1 -> a_1_1\n"
                                       "Warning: Node name changed: right|group|c -> c_1\n"
-                                      "Warning: Node name changed: world_root -> world_root_1\n"
-                                      "Warning: This version writes mesh nodes without their polygons: 6\n\n");
+                                      "Warning: Node name changed: world_root -> world_root_1\n\n");
     const ModelFile model = session.model();
     EXPECT_THAT(model.names(), ElementsAre("world_root_1", "left", "right", "world_root", "group", "group_1", "a",
                                            "a_1", "a_1_1", "a_2", "c", "c_1"));

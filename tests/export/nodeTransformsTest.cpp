@@ -4,6 +4,7 @@
 
 #include "ExportSession.h"
 #include "sceneText.h"
+#include "shadingText.h"
 #include "transformText.h"
 
 #include <gmock/gmock.h>
@@ -124,8 +125,8 @@ TEST_F(Transforms, MagnifyActsOnTranslationsAlone) {
 
 // The cube's corner at (2,0,0) lies one unit from the exported origin, which lands at (3,0,0): it ends at (3,1,0).
 TEST_F(Transforms, Hinge) {
-    const std::string scene =
-        nodeText("transform", "a", "", moves(2, 0, 0) + rotates(0, 0, 90) + pivots(1, 0, 0)) + meshText("aShape", "a");
+    const std::string scene = nodeText("transform", "a", "", moves(2, 0, 0) + rotates(0, 0, 90) + pivots(1, 0, 0)) +
+                              meshText("aShape", "a") + inDefaultGroup("aShape");
     const ModelFile model = exportScene(scene);
     EXPECT_EQ(model.node("a").translate, Imath::V3d(3, 0, 0));
     expectNear((Imath::V3d(2, 0, 0) - Imath::V3d(1, 0, 0)) * model.node("a").world, {3, 1, 0});
@@ -229,7 +230,7 @@ TEST_F(Transforms, ATransformBelowAJointNeverDoes) {
 
 TEST_F(Transforms, AJointThatCarriesAMeshIsAJointToItsChildren) {
     const ModelFile model = exportScene(nodeText("joint", "a", "", scales(2, 2, 2)) + meshText("m", "a") +
-                                        nodeText("joint", "b", "a") + compensated("a", "b"));
+                                        inDefaultGroup("m") + nodeText("joint", "b", "a") + compensated("a", "b"));
     EXPECT_EQ(model.node("a").kind, "mesh");
     EXPECT_EQ(model.node("b").scaleCompensate, true);
 }

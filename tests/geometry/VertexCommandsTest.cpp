@@ -148,7 +148,7 @@ TEST_P(AfterAChange, TheSameNormal) {
     options.resetNormalAfterTexture = GetParam().resetNormalAfterTexture;
     Commands commands(options);
     commands.tables.normals.findOrAdd({0, 0, 511});
-    for (const int16_t value : {1, 2}) {
+    for (const int16_t value : {int16_t{1}, int16_t{2}}) {
         commands.tables.texCoords.findOrAdd({value, value});
         commands.tables.colors.findOrAdd(static_cast<ColorWord>(value));
     }

@@ -36,6 +36,10 @@ std::string shadedMesh(const std::string& name, const std::string& shadingGroup)
            ".dsm\" -na;\n";
 }
 
+std::string inDefaultGroup(const std::string& shape, int instance) {
+    return "connectAttr \"" + shape + ".iog[" + std::to_string(instance) + "]\" \":initialShadingGroup.dsm\" -na;\n";
+}
+
 std::string keysText(const std::string& plug, const std::string& name, const std::string& keys) {
     return nodeText("animCurveTU", name, "",
                     "setAttr \".tan\" 2; setAttr \".wgt\" no; setAttr -s 2 \".ktv[0:1]\"  " + keys + ";") +

@@ -22,6 +22,9 @@ std::string addedMatrix(const std::string& name, const std::string& numbers);
 // a whole.
 std::string shadedMesh(const std::string& name, const std::string& shadingGroup);
 
+// The shape belongs to the group that new scenes have, as a whole; `instance` tells its DAG paths apart.
+std::string inDefaultGroup(const std::string& shape, int instance = 0);
+
 // Linear keys of two frames and values, such as "1 0 10 1", on a plug.
 std::string keysText(const std::string& plug, const std::string& name, const std::string& keys = "1 0 10 1");
 
