@@ -36,6 +36,12 @@ const ComponentGroup* MeshData::findGroup(std::int32_t id) const {
     return found == groups.end() ? nullptr : &*found;
 }
 
+const ComponentTag* MeshData::findTag(std::string_view name) const {
+    const auto found =
+        std::find_if(tags.begin(), tags.end(), [name](const ComponentTag& tag) { return tag.name == name; });
+    return found == tags.end() ? nullptr : &*found;
+}
+
 const Points& MeshData::normals() const {
     return normals_.get([this] { return computeNormals(*this); });
 }

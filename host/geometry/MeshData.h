@@ -40,6 +40,12 @@ struct ComponentGroup {
     std::shared_ptr<const ComponentList> components; // never null; not checked against the mesh
 };
 
+/// Components that a shape calls by a name, for deformers that name them.
+struct ComponentTag {
+    std::string name;
+    std::shared_ptr<const ComponentList> components; // never null; not checked against the mesh
+};
+
 /// How the faces around a corner count in its normal, by the number of the mesh attribute for it.
 enum class NormalWeighting : std::uint8_t { kUnweighted = 0, kAngle = 1, kArea = 2, kAngleAndArea = 3 };
 
@@ -61,12 +67,14 @@ struct MeshData final : Data {
     std::vector<ColorSet> colorSets;
     std::string currentColorSet; // may name no set: the first then
     std::vector<ComponentGroup> groups;
+    std::vector<ComponentTag> tags;
 
     /// Null when there is no such set; an empty name means the current one.
     const UvSet* findUvSet(std::string_view name) const;
     const ColorSet* findColorSet(std::string_view name) const;
     /// Null when history did not give anything to this group.
     const ComponentGroup* findGroup(std::int32_t id) const;
+    const ComponentTag* findTag(std::string_view name) const;
 
     /// One per normal id of topology->normalFans(), unit length, or 0 0 0 where all faces are degenerate. Worked out
     /// once, when asked for.

@@ -1,6 +1,7 @@
 #include "host/geometry/meshEdits.h"
 
 #include "host/geometry/meshComponents.h"
+#include "host/geometry/userNormals.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,25 +40,6 @@ std::vector<Item> pick(const std::vector<Item>& items, const Ids& numbers) {
         }
     }
     return picked;
-}
-
-/// User normals of `from` at the corners of `to`: corner c of `to` was cornerFrom[c].
-void carryUserNormals(const MeshData& from, MeshData& to, const Ids& cornerFrom) {
-    if (from.userNormals == nullptr) {
-        return;
-    }
-    const NormalFans& before = from.topology->normalFans();
-    const NormalFans& after = to.topology->normalFans();
-    const float none = 2 * MeshData::kNotSet;
-    Points normals(at(after.count), V3f(none));
-    for (std::size_t corner = 0; corner < cornerFrom.size(); ++corner) {
-        const std::int32_t old = before.ofCorner[at(cornerFrom[corner])];
-        V3f& normal = normals[at(after.ofCorner[corner])];
-        if (normal.x == none && from.isUserNormal(old)) {
-            normal = (*from.userNormals)[at(old)];
-        }
-    }
-    to.userNormals = std::make_shared<const Points>(std::move(normals));
 }
 
 Ids identity(std::int32_t count) {

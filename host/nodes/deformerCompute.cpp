@@ -14,9 +14,10 @@ namespace {
 /// The same in all deformers, since a type's own attributes come after those that it inherits.
 struct FilterAttributes {
     explicit FilterAttributes(const NodeType& type)
-        : envelope(type.find("envelope")), inputGeometry(type.find("inputGeometry")), groupId(type.find("groupId")) {}
+        : envelope(type.find("envelope")), inputGeometry(type.find("inputGeometry")), groupId(type.find("groupId")),
+          tags(type.find("componentTagExpression")) {}
 
-    AttrIndex envelope, inputGeometry, groupId;
+    AttrIndex envelope, inputGeometry, groupId, tags;
 };
 
 const FilterAttributes& filterAttributes(const Node& node) {
@@ -41,11 +42,22 @@ constexpr double kBlocking = 2.0;
 constexpr double kWaitingHasNoEffect = 4.0;
 constexpr double kWaitingBlocking = 5.0;
 
-/// Per vertex, whether it belongs to the deformer; empty when all do.
+/// Per vertex, whether it belongs to the deformer; empty when all do. A group that history gives goes before tags.
 std::vector<bool> membersOf(Evaluation& evaluation, Node& node, std::int32_t element, const MeshData& mesh) {
-    const double id = evaluation.number(node, inElement(filterAttributes(node).groupId, element));
-    const ComponentGroup* group = mesh.findGroup(static_cast<std::int32_t>(id));
-    return group != nullptr ? namedVertices(*group->components, *mesh.topology) : std::vector<bool>();
+    const FilterAttributes& attr = filterAttributes(node);
+    const double id = evaluation.number(node, inElement(attr.groupId, element));
+    if (const ComponentGroup* group = mesh.findGroup(static_cast<std::int32_t>(id))) {
+        return namedVertices(*group->components, *mesh.topology);
+    }
+    const std::string tag = evaluation.string(node, inElement(attr.tags, element));
+    if (tag.empty() || tag == "*") {
+        return {};
+    }
+    if (const ComponentTag* found = mesh.findTag(tag)) {
+        return namedVertices(*found->components, *mesh.topology);
+    }
+    evaluation.warn(node.name() + ": the component tags '" + tag + "' are not supported (all points are deformed)");
+    return {};
 }
 
 void limitTo(const Points& before, const std::vector<bool>& members, float envelope, Points& points) {

@@ -19,10 +19,11 @@ struct ShapeAttributes {
         : inMesh(type.find("inMesh")), cachedInMesh(type.find("cachedInMesh")), outMesh(type.find("outMesh")),
           worldMesh(type.find("worldMesh")), tweaks(type.find("pnts")), weighting(type.find("vertexNormalMethod")),
           currentUvSet(type.find("currentUVSet")), currentColorSet(type.find("currentColorSet")),
-          groups(type.find("objectGrpCompList")), groupId(type.find("objectGroupId")) {}
+          groups(type.find("objectGrpCompList")), groupId(type.find("objectGroupId")), tags(type.find("componentTags")),
+          tagName(type.find("componentTagName")), tagContents(type.find("componentTagContents")) {}
 
     AttrIndex inMesh, cachedInMesh, outMesh, worldMesh, tweaks, weighting, currentUvSet, currentColorSet, groups,
-        groupId;
+        groupId, tags, tagName, tagContents;
 };
 
 const ShapeAttributes& shapeAttributes(const Node& mesh) {
@@ -45,6 +46,20 @@ NormalWeighting weightingOf(double number) {
                                           : NormalWeighting::kAngleAndArea;
 }
 
+/// A shape's own tags go before those of one name that come in.
+void addTags(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    const ShapeAttributes& attr = shapeAttributes(node);
+    std::vector<ComponentTag> own;
+    for (const std::int32_t element : evaluation.graph().elementIndices({&node, address(attr.tags)})) {
+        const DataPtr contents = evaluation.data(node, address(attr.tagContents).element(element));
+        if (contents != nullptr && contents->kind == DataKind::kComponentList) {
+            own.push_back({evaluation.string(node, address(attr.tagName).element(element)),
+                           std::static_pointer_cast<const ComponentList>(contents)});
+        }
+    }
+    mesh.tags.insert(mesh.tags.begin(), own.begin(), own.end());
+}
+
 MeshPtr shownMesh(Evaluation& evaluation, Node& node) {
     const ShapeAttributes& attr = shapeAttributes(node);
     const MeshPtr incoming = meshOf(evaluation.data(node, address(attr.cachedInMesh)));
@@ -59,6 +74,7 @@ MeshPtr shownMesh(Evaluation& evaluation, Node& node) {
     if (std::string set = evaluation.string(node, address(attr.currentColorSet)); !set.empty()) {
         shown->currentColorSet = std::move(set);
     }
+    addTags(evaluation, node, *shown);
     const Plug tweaks{&node, address(attr.tweaks)};
     if (hasVectors(evaluation.graph(), tweaks)) {
         auto points = std::make_shared<Points>(*incoming->points);
@@ -88,7 +104,7 @@ void fillMeshAffects(NodeType& type) {
     const std::vector<AttrIndex> shown = {type.find("outMesh"), type.find("worldMesh")};
     std::vector<AttrIndex> all = shown;
     all.push_back(type.find("cachedInMesh"));
-    for (const char* input : {"pnts", "vertexNormalMethod", "currentUVSet", "currentColorSet"}) {
+    for (const char* input : {"pnts", "vertexNormalMethod", "currentUVSet", "currentColorSet", "componentTags"}) {
         type.affects[static_cast<std::size_t>(type.find(input))] = shown;
     }
     for (const char* input : {"inMesh", "vrts", "edge", "face", "normals", "uvpt", "colors", "uvSet", "colorSet"}) {

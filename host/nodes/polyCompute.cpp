@@ -6,6 +6,7 @@
 
 #include "host/geometry/meshComponents.h"
 #include "host/geometry/meshEdits.h"
+#include "host/geometry/triangulation.h"
 
 #include <algorithm>
 #include <memory>
@@ -97,6 +98,10 @@ void reverseChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
                          evaluation.number(node, kUserNormals) != 0.0);
 }
 
+void triangulateChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    mesh = *triangulateFaces(mesh, namedFaces(*chosenOf(evaluation, node), *mesh.topology));
+}
+
 void unmapChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
     if (UvSet* set = uvSetOf(evaluation, node, mesh)) {
         *set = withoutFaces(*set, namedFaces(*chosenOf(evaluation, node), *mesh.topology));
@@ -140,6 +145,10 @@ void computePolySoftEdge(Evaluation& evaluation, Node& node, const PlugAddress& 
 
 void computePolyNormal(Evaluation& evaluation, Node& node, const PlugAddress& output) {
     putChanged(evaluation, node, modifierAttributes(node).input, output, reverseChosen);
+}
+
+void computePolyTriangulate(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    putChanged(evaluation, node, modifierAttributes(node).input, output, triangulateChosen);
 }
 
 void computePolyMapDel(Evaluation& evaluation, Node& node, const PlugAddress& output) {

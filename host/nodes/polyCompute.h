@@ -11,6 +11,7 @@ void computePolyTweak(Evaluation& evaluation, Node& node, const PlugAddress& out
 void computePolyTweakUv(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolySoftEdge(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolyNormal(Evaluation& evaluation, Node& node, const PlugAddress& output);
+void computePolyTriangulate(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolyMapDel(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolyColorPerVertex(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computeDeleteComponent(Evaluation& evaluation, Node& node, const PlugAddress& output);

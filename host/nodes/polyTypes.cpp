@@ -274,7 +274,7 @@ constexpr TypeRow kTypes[] = {
     {"polySubdEdge", "polyModifier", api::kPolySubdEdge},
     {"polySubdFace", "polyModifier", api::kPolySubdFacet, kPolySubdFace},
     {"polyTransfer", "polyModifier", api::kPolyTransfer},
-    {"polyTriangulate", "polyModifier", api::kPolyTriangulate},
+    {"polyTriangulate", "polyModifier", api::kPolyTriangulate, computedBy(computePolyTriangulate)},
     {"polyTweak", "polyModifier", api::kPolyTweak, kPolyTweak, computedBy(computePolyTweak)},
     {"polyTweakUV", "polyModifier", api::kPolyTweakUV, kPolyTweakUv, computedBy(computePolyTweakUv)},
     {"polyUnsmooth", "polyModifier", api::kPolyUnsmooth},

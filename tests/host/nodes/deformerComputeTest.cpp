@@ -105,6 +105,23 @@ INSTANTIATE_TEST_SUITE_P(Types, EveryDeformer,
                          testing::Values("tweak", "blendShape", "skinCluster", "cluster", "jointCluster"),
                          [](const auto& row) { return std::string(row.param); });
 
+TEST_F(Deformer, MovesOnlyWhatATagOfTheShapeNames) {
+    Node& node = deform("cluster");
+    setMatrix(node, "matrix", moved(4, 0, 0));
+    EXPECT_EQ(graph.setString(plug(source, "componentTags[0].componentTagName"), "tip").error, "");
+    setComponents(source, "componentTags[0].componentTagContents", {"vtx[2]"});
+    const Plug expression = plug(node, "input[0].componentTagExpression");
+    EXPECT_EQ(graph.setString(expression, "*").error, "");
+    EXPECT_EQ(result()[0], V3f(4, 0, 0));
+    EXPECT_EQ(graph.setString(expression, "tip").error, "");
+    EXPECT_THAT(result(), ElementsAre(V3f(0, 0, 0), V3f(1, 0, 0), V3f(4, 1, 0)));
+    EXPECT_THAT(warnings, IsEmpty());
+    EXPECT_EQ(graph.setString(expression, "tip & base").error, "");
+    EXPECT_EQ(result()[0], V3f(4, 0, 0));
+    EXPECT_THAT(warnings,
+                ElementsAre("deformer: the component tags 'tip & base' are not supported (all points are deformed)"));
+}
+
 TEST_F(Deformer, ThatIsNotEvaluatedPassesItsInputThrough) {
     deform("wrap");
     EXPECT_EQ(result(), untouched());

@@ -55,7 +55,7 @@ TEST_P(EveryModifier, WithoutInputGivesNothing) {
 
 INSTANTIATE_TEST_SUITE_P(Types, EveryModifier,
                          testing::Values("polyTweak", "polyTweakUV", "polySoftEdge", "polyNormal", "polyMapDel",
-                                         "polyColorPerVertex", "polyBevel3"),
+                                         "polyColorPerVertex", "polyTriangulate", "polyBevel3"),
                          [](const auto& row) { return std::string(row.param); });
 
 TEST_F(Modifier, TweakUvMovesCoordinatesOfTheSetThatItNames) {
@@ -90,6 +90,13 @@ TEST_F(Modifier, NormalSaysWhichModesItDoesNotKnow) {
     EXPECT_EQ(faceNormal(*result(), 0), V3f(0, 0, 1));
     EXPECT_THAT(warnings,
                 ElementsAre("modifier: only the normal mode 'reverse' is supported (its input passes through)"));
+}
+
+TEST_F(Modifier, TriangulateCutsFaces) {
+    Node& node = modify("polyTriangulate");
+    setComponents(node, "inputComponents", {"f[*]"});
+    EXPECT_EQ(result()->topology->faceCount(), 12);
+    EXPECT_EQ(result()->topology->cornerCount(), 36);
 }
 
 TEST_F(Modifier, MapDelUnmapsFaces) {

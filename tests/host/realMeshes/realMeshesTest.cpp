@@ -49,6 +49,10 @@ std::vector<Folder> folders() {
     return found;
 }
 
+void PrintTo(const Folder& folder, std::ostream* out) {
+    *out << folder.name;
+}
+
 bool isNear(double actual, double expected, double tolerance) {
     // Recorded numbers have nine significant digits, and their tolerance leaves this out.
     return std::abs(actual - expected) <= tolerance + 5e-9 * std::abs(expected);
