@@ -20,14 +20,16 @@ constexpr uint32_t kStripsCool = 195000u;  // 0.1
 constexpr PivotPlan kStandardPlan{{40, kWarm, kCool}, {6, kStripsWarm, kStripsCool}, 0};
 
 // From the start, to keep what is regular about it, and from disorder, to get rid of what is wrong with it.
-constexpr PivotPlan kRefinePlan{{1000, kWarm, kCool}, {30, kStripsWarm, kStripsCool}, 1};
-constexpr PivotPlan kMeltPlan{{1500, kHot, kCool}, {30, kStripsWarm, kStripsCool}, 2};
+constexpr PivotPlan kRefinePlan{{800, kWarm, kCool}, {30, kStripsWarm, kStripsCool}, 1};
+constexpr PivotPlan kMeltPlan{{1300, kHot, kCool}, {30, kStripsWarm, kStripsCool}, 2};
 constexpr int kMelts = 2;
 
 PivotLabels firstPivots(const StripMesh& mesh, const std::vector<uint32_t>& components) {
-    return bestByComponent(mesh, components,
-                           {greedyPivots(mesh, GreedyOrder::beside), greedyPivots(mesh, GreedyOrder::apart),
-                            parallelPivots(mesh, 0), parallelPivots(mesh, 1), parallelPivots(mesh, 2)});
+    std::vector<PivotLabels> candidates{greedyPivots(mesh, GreedyOrder::beside), greedyPivots(mesh, GreedyOrder::apart)};
+    // Meshes of several patches are hardly ever regular as a whole.
+    for (uint8_t direction = 0; direction < 3 && mesh.faceCount() <= kStripPatchSize; ++direction)
+        candidates.push_back(parallelPivots(mesh, direction));
+    return bestByComponent(mesh, components, candidates);
 }
 
 PivotLabels disorder(std::size_t count, uint64_t seed) {
