@@ -4,13 +4,24 @@
 
 #include <maya/MFn.h>
 
+#include <algorithm>
+
 namespace tvk {
+
+namespace {
+
+std::string nameOf(const MDagPath& path) {
+    const MObject node = path.node();
+    return textOf(MFnDependencyNode(node).name());
+}
+
+} // namespace
 
 NodeLookup::NodeLookup(const SceneData& scene) {
     records.reserve(scene.nodes.size());
     for (const auto& node : scene.nodes) {
         if (node->hasDagNode && !node->skipOutput) {
-            records.emplace(textOf(node->path.fullPathName()), node.get());
+            records.emplace(nameOf(node->path), node.get());
         }
     }
 }
@@ -20,8 +31,9 @@ NodeRecord* NodeLookup::find(const MDagPath& path) const {
     if (!path.node().hasFn(MFn::kTransform)) {
         transform.pop();
     }
-    const auto found = records.find(textOf(transform.fullPathName()));
-    return found == records.end() ? nullptr : found->second;
+    const auto [first, last] = records.equal_range(nameOf(transform));
+    const auto found = std::find_if(first, last, [&](const auto& entry) { return entry.second->path == transform; });
+    return found == last ? nullptr : found->second;
 }
 
 } // namespace tvk

@@ -18,7 +18,8 @@ public:
     NodeRecord* find(const MDagPath& path) const;
 
 private:
-    std::unordered_map<std::string, NodeRecord*> records; // by full path name
+    // By the node's own name: path names of deep hierarchies would take quadratic memory.
+    std::unordered_multimap<std::string, NodeRecord*> records;
 };
 
 } // namespace tvk
