@@ -61,14 +61,15 @@ std::vector<bool> namedVertices(const ComponentList& list, const MeshTopology& t
     return named;
 }
 
-std::vector<std::int32_t> listedIndices(const ComponentList& list, ComponentKind kind, std::int32_t count) {
+std::vector<std::int32_t> listedIndices(const ComponentList& list, ComponentKind kind, std::int32_t count,
+                                        std::size_t most) {
     std::vector<std::int32_t> indices;
     for (const ComponentRange& range : list.ranges) {
         if (range.kind != kind || range.dimensions != 1) {
             continue;
         }
         const std::int32_t last = std::min(range.index[0].last, count - 1);
-        for (std::int32_t index = range.index[0].first; index <= last; ++index) {
+        for (std::int32_t index = range.index[0].first; index <= last && indices.size() < most; ++index) {
             indices.push_back(index);
         }
     }

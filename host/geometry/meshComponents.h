@@ -3,6 +3,7 @@
 #include "host/geometry/ComponentList.h"
 #include "host/geometry/MeshTopology.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -14,8 +15,9 @@ std::vector<bool> namedVertices(const ComponentList& list, const MeshTopology& t
 std::vector<bool> namedEdges(const ComponentList& list, const MeshTopology& topology);
 std::vector<bool> namedFaces(const ComponentList& list, const MeshTopology& topology);
 
-/// The indices of one kind in the order of the list, none of `count` or more; an index that stands there twice comes
-/// twice.
-std::vector<std::int32_t> listedIndices(const ComponentList& list, ComponentKind kind, std::int32_t count);
+/// The first `most` indices of one kind in the order of the list, none of `count` or more; an index that stands there
+/// twice comes twice.
+std::vector<std::int32_t> listedIndices(const ComponentList& list, ComponentKind kind, std::int32_t count,
+                                        std::size_t most);
 
 } // namespace host

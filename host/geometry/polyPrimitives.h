@@ -10,7 +10,7 @@ namespace host {
 // faces and texture coordinates, hard edges and all. Lengths are in centimetres, angles in radians. Counts below the
 // fewest possible are raised to it; more than kMostFaces faces give an empty mesh.
 
-constexpr double kMostFaces = 1 << 24;
+constexpr double kMostFaces = 1 << 22;
 
 struct CubeShape {
     double width = 1, height = 1, depth = 1; // along x, y, z

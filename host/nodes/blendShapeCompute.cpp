@@ -148,8 +148,8 @@ private:
         }
         const std::vector<std::int32_t> listed =
             listedIndices(static_cast<const ComponentList&>(*listData), ComponentKind::kVertex,
-                          static_cast<std::int32_t>(before_.size()));
-        for (std::size_t i = 0; i < std::min(listed.size(), offsets->values.size()); ++i) {
+                          static_cast<std::int32_t>(before_.size()), offsets->values.size());
+        for (std::size_t i = 0; i < listed.size(); ++i) {
             const Imath::V4d& offset = offsets->values[i];
             add(static_cast<std::size_t>(listed[i]), V3d(offset.x, offset.y, offset.z));
         }

@@ -166,11 +166,18 @@ void computeDeleteComponent(Evaluation& evaluation, Node& node, const PlugAddres
 void computePolyUnite(Evaluation& evaluation, Node& node, const PlugAddress& output) {
     static const AttrIndex kMeshes = node.type().find("inputPoly");
     static const AttrIndex kMatrices = node.type().find("inputMat");
+    constexpr std::int64_t kMostCorners = 1 << 25; // nodes behind each other may double a mesh again and again
     std::vector<std::pair<MeshPtr, Matrix44>> meshes;
+    std::int64_t corners = 0;
     for (const std::int32_t element : evaluation.graph().elementIndices({&node, address(kMeshes)})) {
         if (MeshPtr mesh = meshOf(evaluation.data(node, address(kMeshes).element(element)))) {
+            corners += mesh->topology->cornerCount();
             meshes.emplace_back(std::move(mesh), evaluation.matrix(node, address(kMatrices).element(element)));
         }
+    }
+    if (corners > kMostCorners) {
+        evaluation.warn(node.name() + ": it has too many faces (its mesh is empty)");
+        meshes.clear();
     }
     evaluation.putData(node, output, uniteMeshes(meshes));
 }

@@ -27,7 +27,10 @@ const SkinAttributes& skinAttributes(const Node& node) {
 }
 
 constexpr double kPostNormalized = 2.0;
-constexpr std::int32_t kMostInfluences = 1 << 20; // what a broken index may claim at most
+// What broken indices may claim at most: so many influences, and so many vertices for each that has weights.
+constexpr std::int32_t kMostInfluences = 1 << 16;
+constexpr std::int64_t kVerticesPerEntry = 16;
+constexpr std::int64_t kVerticesAlways = 65536;
 
 PlugAddress address(AttrIndex attr) {
     return {attr, 0, {}};
@@ -44,6 +47,7 @@ public:
         if (graph_.isDriven({&node_, address(attr_.weightList)})) {
             gatherDriven();
         } else if (elements != nullptr && *elements != nullptr) {
+            limitTo((*elements)->elements.size());
             for (const auto& [vertex, block] : (*elements)->elements) {
                 addStored(vertex, block);
             }
@@ -52,10 +56,13 @@ public:
     }
 
 private:
-    /// Vertices come ascending; those in between have no weights. A far jump is a broken file's.
+    void limitTo(std::size_t entries) {
+        end_ = static_cast<std::int64_t>(entries) * kVerticesPerEntry + kVerticesAlways;
+    }
+
+    /// Vertices come ascending; those in between have no weights.
     bool open(std::int32_t vertex) {
-        constexpr std::int64_t kFarthest = 1 << 24;
-        if (vertex < table_->vertexCount() || vertex - std::int64_t{table_->vertexCount()} > kFarthest) {
+        if (vertex < table_->vertexCount() || vertex >= end_) {
             return false;
         }
         table_->starts.resize(static_cast<std::size_t>(vertex) + 1, table_->weights.size());
@@ -83,8 +90,9 @@ private:
     }
 
     void gatherDriven() {
-        const PlugAddress list = address(attr_.weightList);
-        for (const std::int32_t vertex : graph_.elementIndices({&node_, list})) {
+        const std::vector<std::int32_t> vertices = graph_.elementIndices({&node_, address(attr_.weightList)});
+        limitTo(vertices.size());
+        for (const std::int32_t vertex : vertices) {
             const PlugAddress weights = address(attr_.weights).element(vertex);
             if (!open(vertex)) {
                 continue;
@@ -98,6 +106,7 @@ private:
     Graph& graph_;
     Node& node_;
     const SkinAttributes& attr_;
+    std::int64_t end_ = 0; // of the vertices that may have weights
     std::shared_ptr<SkinWeights> table_ = std::make_shared<SkinWeights>();
 };
 

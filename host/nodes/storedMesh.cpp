@@ -4,6 +4,8 @@
 
 #include "host/geometry/checkIds.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace host {
@@ -84,8 +86,19 @@ private:
                 return false;
             }
         }
+        warnOfStrangePoint(*read);
         mesh_->points = std::move(read);
         return true;
+    }
+
+    /// What reads the mesh decides what to do about it.
+    void warnOfStrangePoint(const Points& points) {
+        const auto strange = std::find_if(points.begin(), points.end(), [](const Imath::V3f& point) {
+            return !std::isfinite(point.x) || !std::isfinite(point.y) || !std::isfinite(point.z);
+        });
+        if (strange != points.end()) {
+            warn("vertex " + std::to_string(strange - points.begin()) + " has no finite place");
+        }
     }
 
     static std::vector<MeshEdge> readEdges(const NumberRows* rows) {

@@ -177,6 +177,21 @@ TEST_F(Modifier, UniteJoinsWhatComesIn) {
     EXPECT_EQ((*result()->points)[8], V3f(0, 5, 0));
 }
 
+TEST_F(Modifier, UniteDoesNotMultiplyWithoutEnd) {
+    set(cube, "subdivisionsWidth", 2500); // forty thousand corners
+    Node* last = &cube;
+    for (const char* name : {"first", "second", "third"}) {
+        Node& node = make("polyUnite", name);
+        for (int input = 0; input < 32; ++input) {
+            connect(*last, "output", node, "inputPoly[" + std::to_string(input) + "]");
+        }
+        last = &node;
+    }
+    connect(*last, "output", shown, "inMesh");
+    EXPECT_EQ(result()->topology->faceCount(), 0);
+    EXPECT_THAT(warnings, ElementsAre("second: it has too many faces (its mesh is empty)"));
+}
+
 } // namespace
 
 } // namespace host

@@ -5,6 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 namespace host {
 
 namespace {
@@ -53,6 +56,12 @@ TEST_F(StoredMesh, LeavesOutColoursThatAreNotThere) {
     setFaceTokens({"f", "3", "0", "1", "2", "mc", "0", "3", "0", "-1", "-2"});
     EXPECT_THAT(result()->colorSets.at(0).ids->faces, IsEmpty());
     EXPECT_THAT(warnings, ElementsAre("body: set 'paint': face 0 names -2 of 1 (the face has no entry there)"));
+}
+
+TEST_F(StoredMesh, SaysWhichVertexIsNoPlace) {
+    set(node, "vrts[1].vrty", std::numeric_limits<double>::quiet_NaN());
+    EXPECT_TRUE(std::isnan((*result()->points)[1].y));
+    EXPECT_THAT(warnings, ElementsAre("body: vertex 1 has no finite place"));
 }
 
 TEST_F(StoredMesh, CountsUvSetsThatAreThere) {
