@@ -1,5 +1,6 @@
 #include "bench/stripMeshes.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -89,12 +90,13 @@ FaceList onlyTriangles(const FaceList& faces) {
     return triangles;
 }
 
-FaceList makeStripSheet(int32_t triangles) {
+FaceList makeStripSheet(int32_t triangles, int32_t matrices) {
     std::mt19937 random(1);
     const auto side = static_cast<int32_t>(std::lround(std::sqrt(triangles / 1.96)));
     const auto cornerAt = [&](int32_t x, int32_t y) {
         Corner corner;
         corner.position = (y % side) * side + x % side;
+        corner.matrix = static_cast<int32_t>(int64_t{corner.position} * matrices / (int64_t{side} * side));
         return corner;
     };
     FaceList sheet;
@@ -113,6 +115,20 @@ FaceList makeStripSheet(int32_t triangles) {
         }
     }
     return sheet;
+}
+
+FaceList shuffleFaces(const FaceList& faces) {
+    std::vector<std::vector<Corner>> all;
+    std::size_t start = 0;
+    for (const uint8_t size : faces.sizes) {
+        all.push_back(faceAt(faces, start, size));
+        start += size;
+    }
+    std::shuffle(all.begin(), all.end(), std::mt19937(1));
+    FaceList shuffled;
+    for (const std::vector<Corner>& face : all)
+        addFace(shuffled, face);
+    return shuffled;
 }
 
 TriangleIndices indexTriangles(const FaceList& triangles) {

@@ -19,7 +19,11 @@ FaceList onlyQuads(const FaceList& faces);
 FaceList onlyTriangles(const FaceList& faces);
 
 // An irregular closed sheet of about as many triangles, a few of them missing.
-FaceList makeStripSheet(int32_t triangles);
+//   matrices   how many matrices its vertices are on, in bands
+FaceList makeStripSheet(int32_t triangles, int32_t matrices = 1);
+
+// The same faces in any order.
+FaceList shuffleFaces(const FaceList& faces);
 
 // The corners of triangles as numbers, equal for equal corners.
 struct TriangleIndices {

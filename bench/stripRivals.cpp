@@ -1,7 +1,5 @@
 #include "bench/stripRivals.h"
 
-#include "bench/measure.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <limits>
@@ -31,7 +29,7 @@ RivalResult stripWithMeshoptimizer(const TriangleIndices& triangles) {
     const auto consider = [&] {
         result.vertices = std::min(result.vertices, meshoptimizerVertices(order, triangles.vertexCount));
     };
-    result.seconds = measureSeconds(1, [&] {
+    result.seconds = measureProcessorSeconds(1, [&] {
         order = triangles.indices;
         consider();
         meshopt_optimizeVertexCache(order.data(), triangles.indices.data(), order.size(), triangles.vertexCount);
@@ -53,7 +51,7 @@ RivalResult stripWithOpenSceneGraph(const TriangleIndices& triangles) {
         new osg::DrawElementsUInt(osg::PrimitiveSet::TRIANGLES, triangles.indices.begin(), triangles.indices.end()));
     RivalResult result;
     osgUtil::TriStripVisitor visitor;
-    result.seconds = measureSeconds(1, [&] { visitor.stripify(*geometry); });
+    result.seconds = measureProcessorSeconds(1, [&] { visitor.stripify(*geometry); });
     for (unsigned i = 0; i < geometry->getNumPrimitiveSets(); ++i)
         result.vertices += geometry->getPrimitiveSet(i)->getNumIndices();
     return result;

@@ -66,12 +66,17 @@ public:
         }
         const std::vector<MatrixBucket> buckets = makeBuckets();
         const std::size_t count = numbers.matrices.size();
-        Sending best = improve(growGroups(buckets, count, progress), buckets);
-        for (const std::vector<std::size_t>& order : {faceOrder(buckets), bandOrder(buckets, count)}) {
-            Sending other = improve(fillGroups(buckets, count, order), buckets);
+        Sending best = improve(fillGroups(buckets, count, faceOrder(buckets)), buckets);
+        const auto consider = [&](const BucketGroups& groups) {
+            Sending other = improve(groups, buckets);
             if (other < best)
                 best = std::move(other);
-        }
+        };
+        consider(fillGroups(buckets, count, bandOrder(buckets, count)));
+        if (isGrowthAffordable(best.groups.size()))
+            consider(growGroups(buckets, count, progress));
+        if (progress)
+            progress(1);
         return std::move(best.groups);
     }
 
@@ -92,6 +97,14 @@ private:
             buckets.back().faces = std::move(members);
         }
         return buckets;
+    }
+
+    // Growing looks at all buckets that use a group's matrices, twice a group. Where hundreds of groups share few
+    // matrices, as in skins without any order, that would take quadratic time.
+    bool isGrowthAffordable(std::size_t groupCount) const {
+        const auto corners = static_cast<double>(faces.corners.size());
+        const double usesPerMatrix = corners / static_cast<double>(numbers.matrices.size());
+        return static_cast<double>(groupCount) * 2 * kMatrixSlotCount * usesPerMatrix <= kMostLooks * corners;
     }
 
     // Sends groups as they are, or without the smallest one when that is cheaper and every later group still loads.
@@ -204,6 +217,8 @@ private:
         }
         return matrices;
     }
+
+    static constexpr double kMostLooks = 400; // per corner
 
     const FaceList& faces;
     std::vector<std::size_t> starts;
