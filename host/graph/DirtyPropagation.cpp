@@ -92,17 +92,30 @@ void DirtyPropagation::followParts(Node& node, AttrIndex attr, const PlugAddress
     for (; link != node.outgoing_.end() && link->first.attr == attr && sharesIndices(prefix, link->first); ++link) {
         add(link->second);
     }
+    if (node.ties_ != nullptr) {
+        const auto& followers = node.ties_->followers;
+        auto tied = followers.lower_bound({attr, prefix.depth, prefix.index});
+        for (; tied != followers.end() && tied->first.attr == attr && sharesIndices(prefix, tied->first); ++tied) {
+            add(tied->second);
+        }
+    }
 }
 
 void DirtyPropagation::followOwners(const Plug& plug) {
     Node& node = *plug.node;
-    if (node.outgoing_.empty()) {
+    if (node.outgoing_.empty() && node.ties_ == nullptr) {
         return;
     }
     for (PlugAddress owner = ownerOf(node, plug.at); owner.attr != kNoAttr; owner = ownerOf(node, owner)) {
         const auto [first, last] = node.outgoing_.equal_range(owner);
         for (auto link = first; link != last; ++link) {
             add(matchingBelow(node, owner, plug.at, link->second));
+        }
+        if (node.ties_ != nullptr) {
+            const auto [firstTied, lastTied] = node.ties_->followers.equal_range(owner);
+            for (auto tied = firstTied; tied != lastTied; ++tied) {
+                add(tied->second);
+            }
         }
     }
 }

@@ -64,6 +64,7 @@ void Graph::destroy(Node& node) {
     const std::vector<Node*> gone = takeOutOfDag(node, dropped);
     for (Node* each : gone) {
         disconnectAll(*each, dropped);
+        untie(*each, dropped);
     }
     dropped.run();
     for (Node* each : gone) {

@@ -81,6 +81,18 @@ public:
     /// Logical indices that are stored, connected or (world-space arrays) exist per path; ascending.
     std::vector<std::int32_t> elementIndices(const Plug& array) const;
 
+    // --- ties: what the host does without connections, as when inverse kinematics turns joints. Nothing that tells
+    // connections shows them, and they hinder nobody from setting or connecting. They end with either node.
+    /// `follower` counts as changed whenever `cause` does.
+    void tie(const Plug& cause, const Plug& follower);
+    /// `follower` reads as `cause`, whatever is stored or connected there; of two compounds, each part as its match.
+    /// A plug that is overridden already stays as it is.
+    void overrideValue(const Plug& cause, const Plug& follower);
+    /// Where the value of this plug comes from: what overrides it or what it is part of, else drivingSource.
+    Plug valueSource(const Plug& plug) const;
+    /// The number that is stored or connected here, as if nothing overrode it.
+    double numberBeneath(const Plug& plug);
+
     // --- values now. A plug that holds no value of the kind asked for (a compound, a whole array, another kind) gives
     // 0, "", the identity or null.
     double number(const Plug& plug);
@@ -145,6 +157,7 @@ private:
     GraphResult checkEnds(const Plug& source, const Plug& destination) const;
     void takeConnection(Node& destinationNode, const PlugAddress& destination);
     void disconnectAll(Node& node, DirtyPropagation& dropped);
+    static void untie(Node& node, DirtyPropagation& dropped);
     bool isOwnerConnected(const Plug& plug) const;
     bool isElementUsed(const Plug& element) const;
     void noteFreed(const Plug& plug);

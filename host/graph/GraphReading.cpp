@@ -60,7 +60,7 @@ Chain followCycle(const Graph& graph, const Plug& plug) {
     PlugSet seen;
     while (seen.insert(chain.end).second) {
         chain.pass(chain.end);
-        chain.end = graph.drivingSource(chain.end);
+        chain.end = graph.valueSource(chain.end);
     }
     return chain;
 }
@@ -71,7 +71,7 @@ Chain followSources(const Graph& graph, const Plug& plug) {
     Plug mark = plug;
     std::size_t steps = 0;
     std::size_t limit = 1;
-    for (Plug source = graph.drivingSource(plug); source; source = graph.drivingSource(source)) {
+    for (Plug source = graph.valueSource(plug); source; source = graph.valueSource(source)) {
         if (source == mark) {
             return followCycle(graph, plug);
         }

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -29,6 +30,13 @@ struct PlugFlags {
 /// The source of a connection, and where the source's node keeps the other end of it.
 struct IncomingLink : Plug {
     std::multimap<PlugAddress, Plug>::iterator outgoing;
+};
+
+/// What the host does to a node without connections; see Graph::tie and Graph::overrideValue.
+struct Ties {
+    std::multimap<PlugAddress, Plug> followers; // cause here -> plugs that change with it
+    std::multimap<PlugAddress, Plug> causes;    // follower here -> what it changes with
+    std::map<PlugAddress, Plug> overrides;      // follower here -> whose value it has
 };
 
 /// Which elements of an array may be free: all from `highWater` on that are not in use, and those in `freed` that are
@@ -74,6 +82,7 @@ public:
 
     const std::map<PlugAddress, IncomingLink>& incoming() const { return incoming_; } // destination here -> source
     const std::multimap<PlugAddress, Plug>& outgoing() const { return outgoing_; }    // source here -> destinations
+    const Ties* ties() const { return ties_.get(); }                                  // null when there are none
     const std::map<std::string, PlugAddress>& aliases() const { return aliases_; }
     const PlugFlags* flags(const PlugAddress& at) const;
 
@@ -101,6 +110,7 @@ private:
     std::map<PlugAddress, IncomingLink> incoming_;
     std::multimap<PlugAddress, Plug> outgoing_;
     std::map<PlugAddress, FreeIndices> freeIndices_; // of the arrays that nextAvailableIndex was asked about
+    std::unique_ptr<Ties> ties_;                     // few nodes have some
     std::map<PlugAddress, Value> cache_;             // computed outputs; what is here is clean
 
     std::vector<Node*> parents_;

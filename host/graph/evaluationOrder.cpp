@@ -44,10 +44,18 @@ private:
         if (!listed_.insert({output.node, {top, 0, {}}}).second) {
             return;
         }
-        for (const auto& [destination, source] : node.incoming()) {
+        const auto addIfNeeded = [&](const PlugAddress& destination, const Plug& source) {
             const std::vector<AttrIndex>& affected = node.type().outputsAffectedBy(destination.attr);
             if (std::find(affected.begin(), affected.end(), top) != affected.end()) {
                 addParts(source);
+            }
+        };
+        for (const auto& [destination, source] : node.incoming()) {
+            addIfNeeded(destination, source);
+        }
+        if (node.ties() != nullptr) {
+            for (const auto& [follower, cause] : node.ties()->causes) {
+                addIfNeeded(follower, cause);
             }
         }
         const std::vector<AttrIndex>& placed = node.type().worldOutputs();
@@ -78,7 +86,7 @@ private:
             for (const AttrIndex child : attribute.children) {
                 parts.push_back({part.node, {child, part.at.depth, part.at.index}});
             }
-            if (const Plug driver = graph_.drivingSource(part)) {
+            if (const Plug driver = graph_.valueSource(part)) {
                 parts.push_back(driver);
             } else if (attribute.computed && attribute.children.empty() && isOneValue(*part.node, part.at)) {
                 addOutput(part);

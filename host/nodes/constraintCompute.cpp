@@ -208,21 +208,7 @@ void computeAimConstraint(Evaluation& evaluation, Node& node, const PlugAddress&
 }
 
 void fillConstraintAffects(NodeType& type) {
-    fillDagAffects(type);
-    const AttrIndex firstOwn = type.find("enableRestPosition");
-    std::vector<AttrIndex> own;
-    for (const AttrIndex output : type.outputs()) {
-        if (output >= firstOwn) {
-            own.push_back(output);
-        }
-    }
-    for (std::size_t i = 0; i < type.attributes().size(); ++i) {
-        const Attribute& attribute = type.attributes()[i];
-        const bool isInput = static_cast<AttrIndex>(i) >= firstOwn || attribute.longName == "nodeState";
-        if (isInput && attribute.parent == kNoAttr && !attribute.computed) {
-            type.affects[i] = own;
-        }
-    }
+    fillOwnAffects(type, "enableRestPosition");
 }
 
 } // namespace host

@@ -1,6 +1,7 @@
 #include "host/nodes/dagCompute.h"
 
 #include "host/nodes/transformMatrix.h"
+#include "host/nodes/tripleValues.h"
 
 #include "host/graph/DagPath.h"
 #include "host/graph/Evaluation.h"
@@ -81,10 +82,6 @@ PlugAddress address(AttrIndex attr) {
     return {attr, 0, {}};
 }
 
-V3d readTriple(Evaluation& evaluation, Node& node, AttrIndex first) {
-    return {evaluation.number(node, first), evaluation.number(node, first + 1), evaluation.number(node, first + 2)};
-}
-
 V3d readLimited(Evaluation& evaluation, Node& node, AttrIndex first, const TransformAttributes::Limits& limits) {
     V3d value = readTriple(evaluation, node, first);
     for (int axis = 0; axis < 3; ++axis) {
@@ -99,11 +96,11 @@ V3d readLimited(Evaluation& evaluation, Node& node, AttrIndex first, const Trans
     return value;
 }
 
-TransformPieces readPieces(Evaluation& evaluation, Node& node) {
+TransformPieces readPieces(Evaluation& evaluation, Node& node, const V3d& rotate) {
     const TransformAttributes& attr = transformAttributes(node);
     TransformPieces pieces;
     pieces.translate = readLimited(evaluation, node, attr.translate, attr.translateLimits);
-    pieces.rotate = readLimited(evaluation, node, attr.rotate, attr.rotateLimits);
+    pieces.rotate = rotate;
     pieces.scale = readLimited(evaluation, node, attr.scale, attr.scaleLimits);
     pieces.rotateOrder = rotateOrderOf(evaluation.number(node, attr.rotateOrder));
     pieces.shear = readTriple(evaluation, node, attr.shear);
@@ -119,16 +116,8 @@ Matrix44 localMatrix(Evaluation& evaluation, Node& node) {
     if (node.type().dagRole != DagRole::kTransform) {
         return {};
     }
-    const TransformPieces pieces = readPieces(evaluation, node);
-    if (!node.type().isKindOf("joint")) {
-        return transformMatrix(pieces);
-    }
-    const JointAttributes& attr = jointAttributes(node);
-    JointPieces joint;
-    joint.jointOrient = readTriple(evaluation, node, attr.jointOrient);
-    joint.inverseScale = readTriple(evaluation, node, attr.inverseScale);
-    joint.segmentScaleCompensate = evaluation.number(node, attr.segmentScaleCompensate) != 0.0;
-    return jointMatrix(pieces, joint);
+    const TransformAttributes& attr = transformAttributes(node);
+    return transformMatrixWith(evaluation, node, readLimited(evaluation, node, attr.rotate, attr.rotateLimits));
 }
 
 bool inheritsTransform(Evaluation& evaluation, Node& node) {
@@ -213,6 +202,19 @@ void computeOfTransform(Evaluation& evaluation, Node& node, const PlugAddress& o
 
 } // namespace
 
+Matrix44 transformMatrixWith(Evaluation& evaluation, Node& transform, const V3d& rotate) {
+    const TransformPieces pieces = readPieces(evaluation, transform, rotate);
+    if (!transform.type().isKindOf("joint")) {
+        return transformMatrix(pieces);
+    }
+    const JointAttributes& attr = jointAttributes(transform);
+    JointPieces joint;
+    joint.jointOrient = readTriple(evaluation, transform, attr.jointOrient);
+    joint.inverseScale = readTriple(evaluation, transform, attr.inverseScale);
+    joint.segmentScaleCompensate = evaluation.number(transform, attr.segmentScaleCompensate) != 0.0;
+    return jointMatrix(pieces, joint);
+}
+
 void computeDagMatrices(Evaluation& evaluation, Node& node, const PlugAddress& output) {
     const DagAttributes& attr = dagAttributes(node);
     const auto sameElement = [&](AttrIndex other) {
@@ -292,6 +294,24 @@ void fillDagAffects(NodeType& type) {
         affected.clear();
         for (const char* output : row.outputs) {
             affected.push_back(type.find(output));
+        }
+    }
+}
+
+void fillOwnAffects(NodeType& type, const char* firstOwnAttribute) {
+    fillDagAffects(type);
+    const AttrIndex firstOwn = type.find(firstOwnAttribute);
+    std::vector<AttrIndex> own;
+    for (const AttrIndex output : type.outputs()) {
+        if (output >= firstOwn) {
+            own.push_back(output);
+        }
+    }
+    for (std::size_t i = 0; i < type.attributes().size(); ++i) {
+        const Attribute& attribute = type.attributes()[i];
+        const bool isInput = static_cast<AttrIndex>(i) >= firstOwn || attribute.longName == "nodeState";
+        if (isInput && attribute.parent == kNoAttr && !attribute.computed) {
+            type.affects[i] = own;
         }
     }
 }

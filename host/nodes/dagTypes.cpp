@@ -1,5 +1,6 @@
 #include "host/nodes/apiTypes.h"
 #include "host/nodes/dagCompute.h"
+#include "host/nodes/ikCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 
@@ -172,6 +173,9 @@ constexpr AttributeRow kIkHandle[] = {
     {"rootTwistMode", "rtm", "bool"},
     {"dTwistControlEnable", "dtce", "bool"},
     {"dWorldUpType", "dwut", "enum"},
+    // No connection leads from the chain to its handle and back; these stand for them. See tieIkChains.
+    {"chainInput", "kci", "any", {}, 0, kArray | kHidden},
+    {"solvedRotate", "ksr", "angle3", "XYZ", 0, kArray | kComputed | kHidden},
 };
 
 constexpr AttributeRow kIkEffector[] = {
@@ -198,7 +202,7 @@ constexpr TypeRow kTypes[] = {
     {"dagNode", "dependNode", api::kDagNode, kDagNode, {DagRole::kNone, computeDagMatrices}},
     {"transform", "dagNode", api::kTransform, kTransform, {DagRole::kTransform}},
     {"joint", "transform", api::kJoint, kJoint},
-    {"ikHandle", "transform", api::kIkHandle, kIkHandle, {DagRole::kNone, nullptr, {}, true}},
+    {"ikHandle", "transform", api::kIkHandle, kIkHandle, {DagRole::kNone, computeIkHandle}},
     {"ikEffector", "transform", api::kIkEffector, kIkEffector},
     {"lodGroup", "transform", api::kLodGroup, kLodGroup},
     {"dagContainer", "transform", api::kDagContainer},

@@ -1,5 +1,7 @@
 #include "host/nodes/evaluationNotes.h"
 
+#include "host/nodes/ikCompute.h"
+
 #include <algorithm>
 #include <iterator>
 #include <string_view>
@@ -60,7 +62,7 @@ public:
             if (isWatched(*node)) {
                 findDrivers(*node);
             }
-            if (node->type().isKindOf("ikHandle")) {
+            if (node->type().isKindOf("ikHandle") && !hasKnownSolver(*node)) {
                 noteHandle(*node);
             }
         }

@@ -4,6 +4,7 @@
 #include "host/nodes/constraintCompute.h"
 #include "host/nodes/curveCompute.h"
 #include "host/nodes/dagCompute.h"
+#include "host/nodes/ikCompute.h"
 #include "host/nodes/meshCompute.h"
 #include "host/nodes/skinCompute.h"
 #include "host/nodes/typeTables.h"
@@ -24,6 +25,7 @@ constexpr AffectsRow kAffects[] = {
     {computeMesh, fillMeshAffects},
     {computeSkinCluster, fillSkinAffects},
     {computeClusterHandle, fillDagAffects},
+    {computeIkHandle, fillIkHandleAffects},
     {computePointConstraint, fillConstraintAffects},
     {computePoleVectorConstraint, fillConstraintAffects},
     {computeOrientConstraint, fillConstraintAffects},

@@ -2,6 +2,7 @@
 
 #include "host/nodes/defaultNodes.h"
 #include "host/nodes/evaluationNotes.h"
+#include "host/nodes/ikCompute.h"
 #include "host/nodes/nodeTypes.h"
 #include "host/scene/MaReader.h"
 #include "host/scene/MappedFile.h"
@@ -144,6 +145,7 @@ SceneResult Scene::openText(std::string_view text, const std::string& name) {
 
 SceneResult Scene::read(std::string_view text, const std::string& name) {
     SceneResult result = MaReader(*this, name, text).read();
+    tieIkChains(*graph_);
     if (result.ok() && onWarning) {
         for (const std::string& note : findEvaluationNotes(*graph_)) {
             onWarning(note);

@@ -84,8 +84,18 @@ TEST_F(EvaluationNotes, NameHandlesByTheJointWhereTheyBegin) {
     Node& handle = make("ikHandle", "ikHandle1");
     EXPECT_EQ(findEvaluationNotes(graph), Notes{}) << "a handle without a chain moves nothing";
     connect(joint, "msg", handle, "hsj");
+    connect(make("ikSplineSolver", "spline"), "msg", handle, "hsv");
     EXPECT_EQ(findEvaluationNotes(graph),
               Notes{"node type 'ikHandle' is not supported: joint1.ikHandle1 keeps its stored values"});
+}
+
+TEST_F(EvaluationNotes, AreNoneForHandlesWithSolversThatAreKnown) {
+    for (const char* solver : {"ikRPsolver", "ikSCsolver"}) {
+        Node& handle = make("ikHandle", "ikHandle1");
+        connect(make("joint", "joint1"), "msg", handle, "hsj");
+        connect(make(solver, "solver"), "msg", handle, "hsv");
+    }
+    EXPECT_EQ(findEvaluationNotes(graph), Notes{});
 }
 
 TEST_F(EvaluationNotes, DoNotCountMembersOfASetAsItsDrivers) {

@@ -27,17 +27,6 @@ struct SceneRow {
     std::vector<std::string> warnings; // without the path in front
 };
 
-// Attributes whose values the host does not evaluate yet, and why. A row whose checks pass must go.
-struct OpenRow {
-    const char* folder;
-    const char* plug;
-    const char* reason;
-};
-
-const OpenRow kOpenRows[] = {
-    {"euler-flip-ik", "|pCube1.rotate", "follows a joint of an IK chain through a constraint"},
-};
-
 const SceneRow kScenes[] = {
     {"character-25-joints", "UsdExportSkeleton.ma", {}},
     {"clip-points-visibility", "UsdExportAsClipTest.ma", {}},
@@ -116,12 +105,6 @@ protected:
         }
     }
 
-    static bool isOpen(const json& check) {
-        return std::any_of(std::begin(kOpenRows), std::end(kOpenRows), [&](const OpenRow& row) {
-            return GetParam().folder == std::string(row.folder) && check.value("plug", "") == row.plug;
-        });
-    }
-
     static bool isNear(double value, double wanted, double tolerance) {
         // Recorded numbers have nine significant digits, and their tolerance leaves this out.
         constexpr double kRounding = 5e-9;
@@ -132,13 +115,10 @@ protected:
         const std::vector<double> wanted = numbersOf(check["value"]);
         const double tolerance = check.value("tol", 0.0);
         ASSERT_EQ(values.size(), wanted.size()) << check.dump();
-        bool isWhole = true;
         for (std::size_t at = 0; at < wanted.size(); ++at) {
-            const bool isSame = isNear(values[at], wanted[at], tolerance);
-            isWhole = isWhole && isSame;
-            EXPECT_TRUE(isSame || isOpen(check)) << values[at] << " at " << at << " of " << check.dump();
+            EXPECT_TRUE(isNear(values[at], wanted[at], tolerance))
+                << values[at] << " at " << at << " of " << check.dump();
         }
-        EXPECT_FALSE(isWhole && isOpen(check)) << "this is evaluated now: " << check.dump();
     }
 
     std::map<std::string, int> countTypes() {
