@@ -44,6 +44,10 @@ ShapeFaces::ShapeFaces(const ShapeRecord& shapeRecord)
 MStatus ShapeFaces::read(MObject component, PolygonPart& part, FaceGroupFindings& findings) {
     MStatus status;
     MItMeshPolygon face(shape.path, component, &status);
+    constexpr std::size_t kUsualCorners = 4;
+    const std::size_t count = status ? face.count() : 0;
+    part.faceSizes.reserve(count);
+    part.corners.reserve(count * kUsualCorners);
     for (; status && !face.isDone(); face.next()) {
         if (!readFace(face, part, findings)) {
             return MS::kFailure;

@@ -20,8 +20,7 @@ MMatrix withoutTranslation(const MMatrix& matrix) {
 } // namespace
 
 VertexSpaces::VertexSpaces(const SceneData& sceneData, const ShapeRecord& shapeRecord, bool united)
-    : scene(sceneData), shape(shapeRecord), isUnited(united) {
-    const MMatrix atBinding = shape.outerWorld.inverse();
+    : scene(sceneData), shape(shapeRecord), isUnited(united), atBinding(guardedInverse(shapeRecord.outerWorld)) {
     for (const Influence& influence : shape.influences) {
         const NodeRecord& node = *influence.node;
         Carrier carrier;
@@ -43,12 +42,12 @@ bool VertexSpaces::isMirrored() const {
     if (isUnited) {
         return shape.world.det3x3() < 0.0;
     }
-    return (shape.isSkinned ? shape.bindWorld * shape.outerWorld.inverse() : shape.node->exportedWorld).det3x3() < 0.0;
+    return (shape.isSkinned ? shape.bindWorld * atBinding : shape.node->exportedWorld).det3x3() < 0.0;
 }
 
 VertexSpaces::Carrier VertexSpaces::carrierOf(const NodeRecord& node) const {
     const auto found = carriers.find(&node);
-    return found == carriers.end() ? Carrier{shape.outerWorld.inverse(), true} : found->second;
+    return found == carriers.end() ? Carrier{atBinding, true} : found->second;
 }
 
 // From the host's world at binding to the model: one and the same for all vertices while the influences stand as they
@@ -70,7 +69,7 @@ MMatrix VertexSpaces::modelMatrix(const MatrixRecord& matrix) const {
         weights += entry.weight;
         isAtBinding = isAtBinding && carrier.isAtBinding;
     }
-    return isAtBinding ? shape.outerWorld.inverse() : sum * (1.0 / weights);
+    return isAtBinding ? atBinding : sum * (1.0 / weights);
 }
 
 VertexSpace VertexSpaces::makeSpace(const MatrixRecord& matrix) const {

@@ -45,6 +45,7 @@ private:
     const SceneData& scene;
     const ShapeRecord& shape;
     const bool isUnited;
+    const MMatrix atBinding; // from the host's world to the model, for influences that stand as they were bound
     std::unordered_map<const NodeRecord*, Carrier> carriers;
     std::unordered_map<int32_t, VertexSpace> spaces;
 };

@@ -54,6 +54,7 @@ public:
 
     void fill(PolygonRecord& polygon, int32_t place) {
         BoundingBox box;
+        reserve(polygon);
         for (const PolygonPart& part : polygon.parts) {
             addPart(polygon, part, box);
         }
@@ -92,6 +93,18 @@ private:
             state->isReversed = shape.isFlipped != state->spaces.isMirrored();
         }
         return *state;
+    }
+
+    // Most faces stay what they are.
+    static void reserve(PolygonRecord& polygon) {
+        std::size_t cornerCount = 0;
+        std::size_t faceCount = 0;
+        for (const PolygonPart& part : polygon.parts) {
+            cornerCount += part.corners.size();
+            faceCount += part.faceSizes.size();
+        }
+        polygon.faces.corners.reserve(cornerCount);
+        polygon.faces.sizes.reserve(faceCount);
     }
 
     void addPart(PolygonRecord& polygon, const PolygonPart& part, BoundingBox& box) {
@@ -177,7 +190,10 @@ private:
 
     void keep(const PolygonRecord& polygon, int32_t place) {
         for (const PolygonPart& part : polygon.parts) {
-            shapeOf(part).polygons.push_back(place);
+            std::vector<int32_t>& polygons = shapeOf(part).polygons;
+            if (polygons.empty() || polygons.back() != place) {
+                polygons.push_back(place); // once for all parts of a combined polygon
+            }
             ShapeState& state = stateOf(part);
             for (const CornerSource& corner : part.corners) {
                 state.isUsed[static_cast<std::size_t>(corner.vertex)] = true;

@@ -16,14 +16,14 @@ namespace tvk {
 namespace {
 
 // Neither light nor texture asks for the corner's own coordinates when the console makes them from something else.
-bool needsTexCoords(const MaterialRecord& material) {
+bool needsTexCoords(const MaterialRecord& material, int32_t textureSource) {
     const bool isGenerated = material.texGenMode == kTexGenNrm || material.texGenMode == kTexGenPos;
-    return material.textureSource >= 0 && !(isGenerated && material.texGenStSrc == 1);
+    return textureSource >= 0 && !(isGenerated && material.texGenStSrc == 1);
 }
 
 void takeFlags(const MaterialRecord& material, PolygonRecord& polygon) {
     polygon.nrmFlag = material.lightingEnabled;
-    polygon.texFlag = needsTexCoords(material);
+    polygon.texFlag = needsTexCoords(material, polygon.textureSource);
     polygon.resetNormalAfterTexture =
         polygon.nrmFlag && polygon.texFlag && material.texGenMode == kTexGenNrm && material.texGenStSrc == 0;
 }
@@ -45,8 +45,8 @@ MStatus takeMaterial(const FaceGroupFindings& findings, PolygonRecord& polygon) 
 // The picture's size that texture coordinates count in.
 PictureSize pictureOf(const PolygonRecord& polygon) {
     const SceneData& scene = run().scene;
-    const MaterialRecord& material = scene.materials[static_cast<std::size_t>(polygon.material)];
-    const MaterialTextureRef& reference = scene.textureRefs[static_cast<std::size_t>(material.textureRef)];
+    const TextureSourceRecord& source = scene.textureSources[static_cast<std::size_t>(polygon.textureSource)];
+    const MaterialTextureRef& reference = scene.textureRefs[static_cast<std::size_t>(source.textureRef)];
     const TextureRecord& texture = scene.textures[static_cast<std::size_t>(reference.imageIndex)];
     return {texture.originalWidth, texture.originalHeight};
 }

@@ -62,8 +62,9 @@ TEST_F(VertexPlacement, OfAnUnskinnedShapeIsItsOwnNodesFrame) {
 
 TEST_F(VertexPlacement, OfBlendedAndForeignVerticesIsTheBoundShape) {
     ASSERT_TRUE(session.gatherFrom(deformedNode("body", square()) + joints() + skinText(twoJoints())));
+    const MeshSpec mesh = square();
     for (std::size_t i = 0; i < 4; ++i) {
-        const auto& point = square().points[i];
+        const auto& point = mesh.points[i];
         expectNear(drawn(i), {point[0], point[1], point[2]});
     }
     expectNear(session.shape().outputPoints[1], {0, 0, 0}); // from the second joint
