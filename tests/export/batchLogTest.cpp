@@ -1,5 +1,6 @@
 #include "export/batchLog.h"
 
+#include "EnvironmentVariable.h"
 #include "ExportSession.h"
 #include "FreshRun.h"
 #include "sceneText.h"
@@ -7,43 +8,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <optional>
 
 namespace tvk {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// Sets an environment variable for a test; nothing unsets it.
-class Variable {
-public:
-    Variable(const char* variable, const char* value) : name(variable) {
-        if (const char* const before = std::getenv(variable)) {
-            old = before;
-        }
-        set(value);
-    }
-    ~Variable() { set(old ? old->c_str() : nullptr); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    void set(const char* value) const {
-        if (value != nullptr) {
-            setenv(name, value, 1);
-        } else {
-            unsetenv(name);
-        }
-    }
-
-    const char* name;
-    std::optional<std::string> old;
-};
 
 class BatchRun : public testing::Test {
 protected:
@@ -121,18 +94,18 @@ TEST_F(BatchRun, MessagesGoToStandardErrorAgainAfterwards) {
 
 TEST(DefaultBatchLog, LiesInTheFolderForTemporaryFiles) {
     {
-        const Variable temp("TEMP", "/some/where");
+        const EnvironmentVariable temp("TEMP", "/some/where");
         EXPECT_EQ(defaultBatchLogPath(), "/some/where/maya50_batch_log.txt");
     }
-    const Variable temp("TEMP", nullptr);
-    const Variable folder("TMPDIR", "/else/where");
+    const EnvironmentVariable temp("TEMP", nullptr);
+    const EnvironmentVariable folder("TMPDIR", "/else/where");
     EXPECT_EQ(defaultBatchLogPath(), "/else/where/maya50_batch_log.txt");
-    const Variable none("TMPDIR", nullptr);
+    const EnvironmentVariable none("TMPDIR", nullptr);
     EXPECT_EQ(defaultBatchLogPath(), "/tmp/maya50_batch_log.txt");
 }
 
 TEST_F(BatchRun, TheDefaultLogIsDeletedAfterASuccess) {
-    const Variable temp("TEMP", session.folder.path().c_str());
+    const EnvironmentVariable temp("TEMP", session.folder.path().c_str());
     log.clear();
     EXPECT_TRUE(run());
     EXPECT_TRUE(session.hasFile("model.imd"));
@@ -141,7 +114,7 @@ TEST_F(BatchRun, TheDefaultLogIsDeletedAfterASuccess) {
 }
 
 TEST_F(BatchRun, TheDefaultLogIsDeletedAfterAFailureToo) {
-    const Variable temp("TEMP", session.folder.path().c_str());
+    const EnvironmentVariable temp("TEMP", session.folder.path().c_str());
     log.clear();
     EXPECT_FALSE(run("imd_file_out=0"));
     EXPECT_FALSE(session.hasFile("maya50_batch_log.txt"));
@@ -149,7 +122,7 @@ TEST_F(BatchRun, TheDefaultLogIsDeletedAfterAFailureToo) {
 }
 
 TEST_F(BatchRun, ADefaultLogThatCannotBeOpenedIsNamed) {
-    const Variable temp("TEMP", session.folder.path("missing").c_str());
+    const EnvironmentVariable temp("TEMP", session.folder.path("missing").c_str());
     log.clear();
     EXPECT_FALSE(run());
     EXPECT_EQ(session.takeMessages(),

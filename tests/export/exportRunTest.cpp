@@ -196,14 +196,6 @@ TEST_F(ExportRun, MissingAnimationIsReportedBeforeTheFirstFileIsOpened) {
     EXPECT_TRUE(run().warningRaised);
 }
 
-// --- what this version leaves out
-
-TEST_F(ExportRun, TheWorkbenchIsNotStarted) {
-    session.open(nodeText("transform", "a"));
-    ASSERT_TRUE(session.exportAll("use_mtworkbench=1"));
-    EXPECT_EQ(session.takeMessages(), "Warning: This version does not start Material Workbench\n\n");
-}
-
 // --- selections
 
 TEST_F(ExportRun, ASelectionBelowAMovedParentStaysInItsSpace) {

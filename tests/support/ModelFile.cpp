@@ -129,6 +129,8 @@ private:
     const std::vector<ModelNode>& nodes;
 };
 
+} // namespace
+
 void buildMatrices(std::vector<ModelNode>& nodes) {
     for (ModelNode& node : nodes) {
         const bool hasParent = node.parent >= 0 && node.parent < node.index;
@@ -141,8 +143,6 @@ void buildMatrices(std::vector<ModelNode>& nodes) {
         node.world = parent == nullptr ? node.local : node.local * parent->world;
     }
 }
-
-} // namespace
 
 const ModelNode* ModelFile::find(std::string_view name) const {
     const auto found =

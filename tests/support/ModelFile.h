@@ -50,4 +50,7 @@ struct ModelFile {
 /// count.
 ModelFile readModelFile(std::string_view text);
 
+/// Local and world matrices of all nodes from their scale, rotate and translate, parents first.
+void buildMatrices(std::vector<ModelNode>& nodes);
+
 } // namespace tvk

@@ -283,22 +283,33 @@ private:
     const ModelGeometry& model_;
 };
 
-// A blend was brought to the world when it was bound, so that it stands there at the pose of the file.
-void placeInWorld(const ModelFile& file, const ModelGeometry& model, DrawnVertex& vertex) {
+// What carries a vertex on a matrix to the world. A blend was brought to the world when it was bound, so that it stands
+// there at the pose of the file, and from there goes with its nodes; weights add up to about 1 only.
+Imath::M44d carrierOf(const ModelFile& file, const std::vector<Imath::M44d>& worlds, const DrawnMatrix& matrix) {
+    const auto nodeOf = [](const auto& part) { return static_cast<std::size_t>(part.first); };
+    if (matrix.size() == 1) {
+        return worlds.at(nodeOf(matrix.front()));
+    }
+    Imath::M44d sum(0.0);
+    double weights = 0.0;
+    for (const auto& part : matrix) {
+        sum += file.nodes.at(nodeOf(part)).world.inverse() * worlds.at(nodeOf(part)) * part.second;
+        weights += part.second;
+    }
+    return sum * (1.0 / weights);
+}
+
+void place(const std::vector<Imath::M44d>& carriers, DrawnVertex& vertex) {
     vertex.world = vertex.position;
     vertex.worldNormal = vertex.normal;
-    if (vertex.matrix < 0 || vertex.matrix >= static_cast<int>(model.matrices.size())) {
+    if (vertex.matrix < 0 || vertex.matrix >= static_cast<int>(carriers.size())) {
         return;
     }
-    const DrawnMatrix& matrix = model.matrices[static_cast<std::size_t>(vertex.matrix)];
-    if (matrix.size() != 1) {
-        return;
-    }
-    const Imath::M44d& world = file.nodes.at(static_cast<std::size_t>(matrix.front().first)).world;
-    world.multVecMatrix(vertex.position, vertex.world);
+    const Imath::M44d& carrier = carriers[static_cast<std::size_t>(vertex.matrix)];
+    carrier.multVecMatrix(vertex.position, vertex.world);
     if (vertex.normal.has_value()) {
         Imath::V3d turned;
-        world.inverse().transposed().multDirMatrix(*vertex.normal, turned);
+        carrier.inverse().transposed().multDirMatrix(*vertex.normal, turned);
         vertex.worldNormal = turned;
     }
 }
@@ -358,15 +369,23 @@ ModelGeometry readModelGeometry(const ModelFile& file) {
     for (const FileElement& element : countedChildren(*array)) {
         model.polygons.push_back(reader.read(element));
     }
-    for (DrawnPolygon& polygon : model.polygons) {
-        for (DrawnFace& face : polygon.faces) {
-            for (DrawnVertex& vertex : face) {
-                placeInWorld(file, model, vertex);
-            }
-        }
-    }
+    std::vector<Imath::M44d> worlds;
+    std::transform(file.nodes.begin(), file.nodes.end(), std::back_inserter(worlds),
+                   [](const ModelNode& node) { return node.world; });
+    poseModel(file, worlds, model);
     readDisplays(*body, model);
     return model;
+}
+
+void poseModel(const ModelFile& file, const std::vector<Imath::M44d>& worlds, ModelGeometry& model) {
+    std::vector<Imath::M44d> carriers;
+    std::transform(model.matrices.begin(), model.matrices.end(), std::back_inserter(carriers),
+                   [&](const DrawnMatrix& matrix) { return carrierOf(file, worlds, matrix); });
+    for (DrawnPolygon& polygon : model.polygons) {
+        for (DrawnFace& face : polygon.faces) {
+            std::for_each(face.begin(), face.end(), [&](DrawnVertex& vertex) { place(carriers, vertex); });
+        }
+    }
 }
 
 } // namespace tvk

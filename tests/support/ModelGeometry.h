@@ -62,4 +62,9 @@ struct ModelGeometry {
 /// two do.
 ModelGeometry readModelGeometry(const ModelFile& file);
 
+/// Places all vertices anew, as a console does when nodes move: those of one node with it, blends as each of their
+/// nodes carries them away from where the file has it.
+///   worlds   world matrices by node index
+void poseModel(const ModelFile& file, const std::vector<Imath::M44d>& worlds, ModelGeometry& model);
+
 } // namespace tvk

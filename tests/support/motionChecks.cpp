@@ -1,0 +1,73 @@
+#include "motionChecks.h"
+
+#include "AnimationFile.h"
+#include "sceneText.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <sstream>
+
+namespace tvk {
+namespace {
+
+const char* curveType(const std::string& attribute) {
+    constexpr const char* kRotations[] = {"rx", "ry", "rz", "rf"};
+    constexpr const char* kTranslations[] = {"tx", "ty", "tz"};
+    const auto isOneOf = [&](const auto& names) {
+        return std::find(std::begin(names), std::end(names), attribute) != std::end(names);
+    };
+    return isOneOf(kRotations) ? "animCurveTA" : isOneOf(kTranslations) ? "animCurveTL" : "animCurveTU";
+}
+
+double reachOf(const Imath::M44d& world) {
+    double reach = 1.0;
+    for (int i = 0; i < 3; ++i) {
+        reach = std::max(reach, std::abs(world[3][i]));
+    }
+    return reach;
+}
+
+} // namespace
+
+std::string keyed(const std::string& plug, const std::string& keys) {
+    std::istringstream words(keys);
+    const auto count = std::distance(std::istream_iterator<std::string>(words), {}) / 2;
+    const std::size_t dot = plug.find('.');
+    const std::string attribute = plug.substr(dot + 1);
+    const std::string curve = plug.substr(0, dot) + "_" + attribute;
+    const std::string size = std::to_string(count);
+    return nodeText(curveType(attribute), curve, "",
+                    "setAttr \".tan\" 2;\n\tsetAttr \".wgt\" no;\n\tsetAttr -s " + size +
+                        " \".ktv[0:" + std::to_string(count - 1) + "]\" " + keys + ";") +
+           "connectAttr \"" + curve + ".o\" \"" + plug + "\";\n";
+}
+
+int expectMovesAsInTheHost(HostSession& session, double tolerance, double magnify) {
+    const ModelFile model = session.model();
+    const AnimationFile nodes = readAnimationFile(session.fileText("model.ica"));
+    if (nodes.info == nullptr || nodes.things.size() != model.nodes.size()) {
+        ADD_FAILURE() << nodes.things.size() << " animated nodes of " << model.nodes.size();
+        return 0;
+    }
+    const int start = nodes.info->integer("tool_start_frame");
+    int compared = 0;
+    for (int frame = 0; frame < nodes.frameCount; ++frame) {
+        session.mel("currentTime " + std::to_string(start + frame));
+        compared = 0;
+        for (const ModelNode& node : posed(model, nodes, static_cast<std::size_t>(frame))) {
+            if (node.name == "world_root" || !session.melRuns("select -r " + node.name)) {
+                continue;
+            }
+            const Imath::M44d expected = session.expectedWorld(node.name, magnify);
+            EXPECT_LT(distance(node.world, expected), tolerance * reachOf(expected))
+                << node.name << " at frame " << start + frame;
+            ++compared;
+        }
+    }
+    return compared;
+}
+
+} // namespace tvk
