@@ -241,5 +241,43 @@ TEST_F(MFnDependencyNodeTest, connectionsOfTheWholeNode) {
     EXPECT_EQ(plugs.length(), 2U) << "a plug counts once";
 }
 
+/// Attributes that tools add to shaders, as scenes hold them.
+TEST_F(MFnDependencyNodeTest, attributesThatScenesAdd) {
+    run("createNode lambert -n shader;"
+        "addAttr -ci true -sn \"pm\" -ln \"paint_mode\" -min 0 -max 3 -en \"modulate:decal:toon=3\" -at \"enum\" "
+        "shader;"
+        "addAttr -ci true -sn \"fo\" -ln \"paint_fog\" -min 0 -max 1 -at \"bool\" shader;"
+        "addAttr -ci true -sn \"id\" -ln \"paint_id\" -dv 7 -at \"long\" shader;"
+        "addAttr -ci true -sn \"we\" -ln \"paint_weight\" -dv 0.5 -at \"double\" shader;"
+        "addAttr -ci true -sn \"mx\" -ln \"paint_mtx\" -dt \"matrix\" shader;"
+        "addAttr -ci true -sn \"no\" -ln \"paint_note\" -dt \"string\" shader;"
+        "setAttr shader.pm 3; setAttr shader.fo yes; setAttr shader.no -type \"string\" \"hello\"");
+    const MFnDependencyNode shader(node("shader"));
+    short mode = 0;
+    EXPECT_EQ(shader.findPlug("paint_mode", true).getValue(mode), MStatus::kSuccess);
+    EXPECT_EQ(mode, 3);
+    bool fog = false;
+    EXPECT_EQ(shader.findPlug("paint_fog", true).getValue(fog), MStatus::kSuccess);
+    EXPECT_TRUE(fog);
+    int number = 0;
+    EXPECT_EQ(shader.findPlug("id", true).getValue(number), MStatus::kSuccess) << "by its short name";
+    EXPECT_EQ(number, 7) << "its default";
+    EXPECT_EQ(shader.findPlug("paint_mode", true).getValue(number), MStatus::kSuccess) << "an enum as a number";
+    EXPECT_EQ(number, 3);
+    double weight = 0.0;
+    EXPECT_EQ(shader.findPlug("paint_weight", true).getValue(weight), MStatus::kSuccess);
+    EXPECT_EQ(weight, 0.5);
+    MString note;
+    EXPECT_EQ(shader.findPlug("paint_note", true).getValue(note), MStatus::kSuccess);
+    EXPECT_EQ(note, "hello");
+    run("setAttr shader.mx -type \"matrix\" 1 0 0 0 0 2 0 0 0 0 3 0 4 5 6 1");
+    MObject data;
+    ASSERT_EQ(shader.findPlug("paint_mtx", true).getValue(data), MStatus::kSuccess);
+    EXPECT_EQ(MFnMatrixData(data).matrix()(3, 1), 5.0);
+    MStatus status;
+    EXPECT_TRUE(shader.findPlug("paint_nothing", true, &status).isNull());
+    EXPECT_NE(status, MStatus::kSuccess);
+}
+
 } // namespace
 } // namespace host
