@@ -1,4 +1,5 @@
 #include "host/nodes/apiTypes.h"
+#include "host/nodes/shadingCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 
@@ -235,7 +236,7 @@ constexpr AttributeRow kBump[] = {
     {"vertexCameraOne", "vc1", "float3", "vertexCameraOneX c1x vertexCameraOneY c1y vertexCameraOneZ c1z"},
     {"vertexCameraTwo", "vc2", "float3", "vertexCameraTwoX c2x vertexCameraTwoY c2y vertexCameraTwoZ c2z"},
     {"vertexCameraThree", "vc3", "float3", "vertexCameraThreeX c3x vertexCameraThreeY c3y vertexCameraThreeZ c3z"},
-    {"outNormal", "o", "float3", "XYZ"},
+    {"outNormal", "o", "float3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kDisplacement[] = {
@@ -277,8 +278,8 @@ constexpr TypeRow kTypes[] = {
      kOceanShader,
      {DagRole::kNone, nullptr, {}, false, api::kLambert}},
     {"standardSurface", "shadingDependNode", api::kStandardSurface, kStandardSurface},
-    {"bump2d", "shadingDependNode", api::kBump, kBump},
-    {"bump3d", "shadingDependNode", api::kBump3d, kBump},
+    {"bump2d", "shadingDependNode", api::kBump, kBump, {DagRole::kNone, computeBump}},
+    {"bump3d", "shadingDependNode", api::kBump3d, kBump, {DagRole::kNone, computeBump}},
     {"displacementShader", "shadingDependNode", api::kDisplacementShader, kDisplacement},
     {"particleCloud", "shadingDependNode", api::kParticleCloud, kParticleCloud},
     {"volumeShader", "shadingDependNode", api::kVolumeShader},
