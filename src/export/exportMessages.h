@@ -25,8 +25,12 @@ inline constexpr Message kNoTextureSrtAnimation{Severity::kWarning, "No texture 
 inline constexpr Message kLongName{Severity::kWarning, "Length of name over 16 characters: "};
 inline constexpr Message kUnexpectedFailure{Severity::kError, "Export stopped: "};
 
-// What this version leaves out
-inline constexpr Message kWorkbenchNotInVersion{Severity::kWarning, "This version does not start Material Workbench"};
+// Material Workbench
+inline constexpr Message kWorkbenchNotSet{Severity::kError,
+                                          "Material Workbench is not found (environment variable does not exist)"};
+inline constexpr Message kWorkbenchMissing{Severity::kError,
+                                           "Material Workbench is not found (exe file does not exist)"};
+inline constexpr Message kWorkbenchFailed{Severity::kError, "Failed to start Material Workbench"};
 
 // Node tree
 inline constexpr Message kNurbsCurve{Severity::kWarning, "Can't export NURBS curve: "};

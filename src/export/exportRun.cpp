@@ -3,6 +3,7 @@
 #include "animation/channelEncoding.h"
 #include "animation/sampling.h"
 #include "common/numberText.h"
+#include "export/RunGuard.h"
 #include "export/batchLog.h"
 #include "export/envelope.h"
 #include "export/exportMessages.h"
@@ -11,6 +12,7 @@
 #include "export/modelGathering.h"
 #include "export/nodeTransforms.h"
 #include "export/runReport.h"
+#include "export/workbenchLaunch.h"
 #include "platform/outputWindow.h"
 #include "platform/userEnvironment.h"
 #include "scene/OutputKind.h"
@@ -78,7 +80,7 @@ MStatus gatherAndWrite(int& written) {
     if (status) {
         warnOfLongNames();
         if (run().options.useMtworkbench) {
-            say(kWorkbenchNotInVersion);
+            startMaterialWorkbench();
         }
     }
     if (status && written > 0) {
@@ -114,17 +116,6 @@ MStatus exportUnguarded(const MFileObject& file, const MString& optionString, MP
     }
     return validateAndRun(log);
 }
-
-// Marks the run as under way; frees its data, whichever way it ended.
-struct RunGuard {
-    RunGuard() { run().underWay = true; }
-    ~RunGuard() {
-        run().clearScene();
-        run().underWay = false;
-    }
-    RunGuard(const RunGuard&) = delete;
-    RunGuard& operator=(const RunGuard&) = delete;
-};
 
 } // namespace
 

@@ -77,8 +77,7 @@ void printNodeAnimationTotals() {
 }
 
 void warnIfLong(const char* kind, const std::string& name) {
-    bool lossy = false;
-    if (toShiftJis(name, lossy).size() > kLongestName) {
+    if (isLongName(name)) {
         say(kLongName, kind + name);
     }
 }
@@ -110,6 +109,11 @@ void printSummary() {
 
 std::string finishedText(int64_t seconds) {
     return "Finished  ( time = " + minutesText(seconds).str() + " )";
+}
+
+bool isLongName(const std::string& name) {
+    bool lossy = false;
+    return toShiftJis(name, lossy).size() > kLongestName;
 }
 
 void warnOfLongNames() {

@@ -15,7 +15,10 @@ void printSummary();
 /// "Finished  ( time = 1:15 )" for 75 seconds.
 std::string finishedText(int64_t seconds);
 
-/// One warning per written element whose name does not fit the console's 16 characters (bytes of Shift_JIS).
+/// Whether a name does not fit the console's 16 characters (bytes of Shift_JIS).
+bool isLongName(const std::string& name);
+
+/// One warning per written element with such a name.
 void warnOfLongNames();
 
 } // namespace tvk

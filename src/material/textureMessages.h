@@ -22,6 +22,7 @@ inline constexpr Message kSameImageName{Severity::kWarning, "Same named texture 
 inline constexpr Message kTooLargeForBlocks{Severity::kWarning, "Texture is too large for tex4x4: "};
 /// The text comes from the reader of the image and names the file.
 inline constexpr Message kImageFailure{Severity::kError, ""};
+inline constexpr Message kUncheckedImage{Severity::kWarning, ""}; // of a name check
 
 // Patterns: the node's name follows, and what is wrong.
 inline constexpr Message kNoPatternCurve{Severity::kWarning, "Animation curve is not connected to frame extension: "};

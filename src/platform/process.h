@@ -22,4 +22,12 @@ struct ProcessResult {
 // On POSIX a program that the shell cannot find ran with exit code 127, and one that a signal ended has 128 + signal.
 [[nodiscard]] ProcessResult runProcess(const std::string& commandLine, ProcessWindow window);
 
+// An argument of such a line, in double quotes. Elsewhere than on Windows, what the shell would read in it is escaped;
+// Windows has no way to escape for `cmd`, and its file names hold no double quotes.
+std::string quotedArgument(const std::string& argument);
+
+// What stands before a program that a line starts: "cmd /c " on Windows, so that its files may be scripts; elsewhere
+// the line is the shell's already.
+extern const char* const kShellPrefix;
+
 } // namespace tvk

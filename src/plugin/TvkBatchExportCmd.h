@@ -6,7 +6,7 @@
 
 namespace tvk {
 
-/// TVK_BatchExportCmd -batch LIST: exports the scenes that a list file names.
+/// TVK_BatchExportCmd -batch LIST: exports the scenes that a list file names. Fails in silence without a list.
 class TvkBatchExportCmd : public MPxCommand {
 public:
     static constexpr const char* kName = "TVK_BatchExportCmd";
@@ -15,6 +15,9 @@ public:
 
     ~TvkBatchExportCmd() override;
     MStatus doIt(const MArgList& arguments) override;
+
+private:
+    MString listPath;
 };
 
 } // namespace tvk

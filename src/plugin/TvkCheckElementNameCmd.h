@@ -5,7 +5,8 @@
 
 namespace tvk {
 
-/// TVK_CheckElementNameCmd [-target all|selection]: lists the names that are too long for the console.
+/// TVK_CheckElementNameCmd [-target all|selection]: gives the names that are too long for the console, two texts each
+/// (see checkElementNames).
 class TvkCheckElementNameCmd : public MPxCommand {
 public:
     static constexpr const char* kName = "TVK_CheckElementNameCmd";

@@ -4,8 +4,6 @@
 
 namespace tvk {
 
-inline constexpr const char* kTranslatorName = "KALDERA_ZEPHRA_System";
-
 /// The way in for every export. The host makes one per use; it holds nothing.
 class TvkFileTranslator : public MPxFileTranslator {
 public:

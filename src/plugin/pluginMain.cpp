@@ -1,6 +1,7 @@
 // The entry points that the host calls when it loads and unloads the library.
 
 #include "export/envelope.h"
+#include "export/translatorName.h"
 #include "plugin/TvkBatchExportCmd.h"
 #include "plugin/TvkCheckElementNameCmd.h"
 #include "plugin/TvkFileTranslator.h"

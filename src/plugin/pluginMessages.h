@@ -12,7 +12,7 @@ inline constexpr const char* kDeregisterBatchCommand = "deregister TVK_BatchExpo
 
 inline constexpr const char* kUnexpectedFailureOf = "TVK_Export failed unexpectedly: "; // what was thrown follows
 
-inline constexpr const char* kBatchNotInVersion = "TVK_BatchExportCmd is not in this version";
-inline constexpr const char* kNameCheckNotInVersion = "TVK_CheckElementNameCmd is not in this version";
+inline constexpr const char* kCantGetTarget = "Can't get target";
+inline constexpr const char* kInvalidTarget = "Invalid target: "; // what was given follows
 
 } // namespace tvk

@@ -121,7 +121,8 @@ TEST_F(WorkbenchLaunch, MergesOnlyWhenAskedTo) {
 TEST_F(WorkbenchLaunch, NamesArriveAsTheyAre) {
     putStarter();
     const EnvironmentVariable root(kVariable, session.folder.path().c_str());
-    for (const char* name : {"two  words", "it's", "$HOME", "`id`", "a\"b", "a;b&c|d", "\xE3\x82\xBD", "\x83\x5C"}) {
+    for (const char* name :
+         {"two  words", "it's", "5$ each", "$(id)", "`id`", "a\"b", "a;b&c|d", "\xE3\x82\xBD", "\x83\x5C"}) {
         ASSERT_TRUE(session.exportTo(session.folder.path(std::string(name) + ".imd"), "use_mtworkbench=1",
                                      MPxFileTranslator::kExportAccessMode));
         EXPECT_EQ(arguments(), "-name\n" + session.folder.path(name) + "\n-imd\n");

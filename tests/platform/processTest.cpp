@@ -37,5 +37,15 @@ TEST(Process, CommandLinesInUtf8Work) {
     EXPECT_TRUE(fileExists(path));
 }
 
+TEST(Process, QuotedArgumentsArriveAsTheyAre) {
+    const TemporaryFolder folder;
+    for (const char* argument : {"plain", "two  words", "a;b", "\xE3\x82\xBD"}) {
+        const std::string path = folder.path(argument);
+        EXPECT_EQ(runProcess(shellLine("echo done> " + quotedArgument(path)), ProcessWindow::kHidden).exitCode, 0);
+        EXPECT_TRUE(fileExists(path)) << argument;
+    }
+    EXPECT_EQ(quotedArgument("a b"), "\"a b\"");
+}
+
 } // namespace
 } // namespace tvk

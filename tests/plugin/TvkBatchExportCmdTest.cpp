@@ -1,4 +1,5 @@
-#include "PluginSession.h"
+#include "BatchSession.h"
+#include "sceneText.h"
 
 #include "host/api/Host.h"
 
@@ -7,35 +8,48 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 #include <stdexcept>
 
 namespace tvk {
 namespace {
 
+using testing::ElementsAre;
+using testing::EndsWith;
+
+const char* const kFinishedOne = "Batch Export is finished. Total 1 scene.\n";
+
 class BatchExportCommand : public testing::Test {
 protected:
-    void SetUp() override { ASSERT_EQ(session.load(), ""); }
-    PluginSession session;
+    BatchSession session;
 };
 
-TEST_F(BatchExportCommand, FailsWithOneClearLine) {
-    EXPECT_FALSE(session.melRuns("TVK_BatchExportCmd"));
-    EXPECT_THAT(session.errors, testing::Contains("TVK_BatchExportCmd is not in this version").Times(1));
+// --- the command
+
+TEST_F(BatchExportCommand, WithoutAListItFailsWithoutAText) {
+    for (const char* arguments : {"", " -batch \"\"", " -b \"\""}) {
+        EXPECT_FALSE(session.melRuns(std::string("TVK_BatchExportCmd") + arguments)) << arguments;
+        EXPECT_EQ(session.takeMessages(), "") << arguments;
+    }
+}
+
+TEST_F(BatchExportCommand, TakesBothNamesOfItsFlag) {
+    session.write("list.z3be", "# TVK_Batch_Export\n" + session.start() + "scene \"a.ma\"\n");
+    for (const char* flag : {"-b", "-batch"}) {
+        EXPECT_TRUE(session.melRuns(std::string("TVK_BatchExportCmd ") + flag + " \"" +
+                                    session.folder.path("list.z3be") + "\""));
+        EXPECT_THAT(session.takeMessages(), EndsWith(kFinishedOne)) << flag;
+    }
 }
 
 TEST_F(BatchExportCommand, LetsNothingBeThrownIntoTheHost) {
     std::vector<std::string> shown;
-    bool thrown = false;
-    host::Host::instance().messages().error = [&](const std::string& line) {
-        shown.push_back(line);
-        if (!thrown) {
-            thrown = true;
-            throw std::runtime_error("no window");
-        }
-    };
-    EXPECT_FALSE(session.melRuns("TVK_BatchExportCmd"));
-    EXPECT_THAT(shown, testing::Contains("TVK_Export failed unexpectedly: no window"));
+    host::Host::instance().messages().error = [&](const std::string& line) { shown.push_back(line); };
+    // The selection that the command makes is what throws here.
+    host::Host::instance().feedbackLine().onChange = [] { throw std::runtime_error("no window"); };
+    EXPECT_FALSE(session.batch(session.start() + "scene \"a.ma\"\n"));
+    EXPECT_THAT(session.takeMessages(), EndsWith("Error: Failed to export\n"));
 }
 
 TEST_F(BatchExportCommand, CannotBeUndone) {
@@ -49,6 +63,155 @@ TEST_F(BatchExportCommand, CannotBeUndone) {
             EXPECT_NE(entry.createSyntax, nullptr);
         }
     }
+}
+
+// --- lists that are refused before any scene
+
+struct Refused {
+    const char* name;
+    std::string lines;   // behind the header; '@' is the folder, '$' the lines that name folders and settings
+    std::string message; // all that is said
+};
+
+void PrintTo(const Refused& row, std::ostream* out) {
+    *out << row.name;
+}
+
+class RefusedBatch : public BatchExportCommand, public testing::WithParamInterface<Refused> {};
+
+TEST_P(RefusedBatch, SaysWhyOnce) {
+    std::string lines = GetParam().lines;
+    if (const std::size_t at = lines.find('$'); at != std::string::npos) {
+        lines.replace(at, 1, session.start());
+    }
+    EXPECT_FALSE(session.batch(lines));
+    EXPECT_EQ(session.takeMessages(), session.placed(GetParam().message) + "\n");
+    EXPECT_TRUE(std::filesystem::is_empty(session.folder.path("out")));
+}
+
+const char* const kLogCharacters = "Error: \"log\" is wrong (don't use [\\] [=] [;] [*] [?] [<] [>] [|]): ";
+const char* const kNameCharacters = "Error: \"-name\" is wrong (don't use [/] [\\] [:] [*] [?] [<] [>] [|]): ";
+
+INSTANTIATE_TEST_SUITE_P(
+    Lists, RefusedBatch,
+    testing::Values(
+        Refused{"Nothing", "", "Error: \"scene\" is not specified"},
+        Refused{"NoScene", "$", "Error: \"scene\" is not specified"},
+        Refused{"OnlyComments", "# scene \"a.ma\"\n\n#\n", "Error: \"scene\" is not specified"},
+        Refused{"EmptyLog", "log \"\"\n$scene \"a.ma\"\n", "Error: \"log\" is wrong"},
+        Refused{"LogWithoutQuotes", "log @/log.txt\n$", "Error: \"log\" is wrong"},
+        Refused{"LogNowhere", "log \"@/none/log.txt\"\n$", "Error: Can't open file: @/none/log.txt"},
+        Refused{"LogIsAFolder", "log \"@/out\"\n$", "Error: Can't open file: @/out"},
+        Refused{"NoInput", "input_folder \"@/none\"\n", "Error: \"input_folder\" is wrong: @/none"},
+        Refused{"InputIsAFile", "input_folder \"@/in/a.ma\"\n", "Error: \"input_folder\" is wrong: @/in/a.ma"},
+        Refused{"InputEmpty", "input_folder \"\"\n", "Error: \"input_folder\" is wrong: "},
+        Refused{"InputWithoutQuotes", "input_folder @/in\n", "Error: \"input_folder\" is wrong: "},
+        Refused{"NoOutput", "output_folder \"@/none/out//\"\n", "Error: \"output_folder\" is wrong: @/none/out"},
+        Refused{"OutputIsAFile", "output_folder \"@/in/a.ma\"\n", "Error: \"output_folder\" is wrong: @/in/a.ma"},
+        Refused{"OutputEmpty", "output_folder\n", "Error: \"output_folder\" is wrong: "},
+        Refused{"NoSettingsFolder", "z3es_folder \"@/none/\"\n", "Error: \"z3es_folder\" is wrong: @/none"},
+        Refused{"SettingsFolderEmpty", "z3es_folder\n", "Error: \"z3es_folder\" is wrong: "},
+        Refused{"SettingsEmpty", "$z3es \"\"\nscene \"a.ma\"\n", "Error: \"z3es\" is not specified"},
+        Refused{"NoSettings", "$z3es \"none.z3es\"\nscene \"a.ma\"\n", "Error: \"z3es\" is wrong: none.z3es"},
+        Refused{"SettingsAreNone", "$z3es_folder \"@/in\"\nz3es \"a.ma\"\nscene \"a.ma\"\n",
+                "Error: \"z3es\" is wrong: a.ma"},
+        Refused{"NameComesFirst", "scene \"a.ma\" -name \"x/y\"\n", std::string(kNameCharacters) + "x/y"},
+        Refused{"SceneFirst", "scene \"a.ma\"\n$", "Error: \"input_folder\" is not specified"}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(BatchExportCommand, EachMissingKeywordIsNamedInTurn) {
+    const std::vector<std::pair<std::string, std::string>> lines = {
+        {"input_folder", "@/in"}, {"output_folder", "@/out"}, {"z3es_folder", "@/set"}, {"z3es", "model.z3es"}};
+    for (const auto& [missing, unused] : lines) {
+        std::string text;
+        for (const auto& [keyword, value] : lines) {
+            text += keyword == missing ? "" : keyword + " \"" + value + "\"\n";
+        }
+        EXPECT_FALSE(session.batch(text + "scene \"a.ma\"\n")) << missing;
+        EXPECT_EQ(session.takeMessages(), "Error: \"" + missing + "\" is not specified\n");
+    }
+    EXPECT_FALSE(session.batch("output_folder \"@/out\"\nscene \"a.ma\"\n"));
+    EXPECT_EQ(session.takeMessages(), "Error: \"input_folder\" is not specified\n") << "the first of several";
+}
+
+TEST_F(BatchExportCommand, ForbiddenCharactersAreRefused) {
+    for (const char c : std::string("\\=;*?<>|")) {
+        const std::string log = "log" + std::string(1, c) + ".txt";
+        EXPECT_FALSE(session.batch("log \"" + log + "\"\n" + session.start() + "scene \"a.ma\"\n"));
+        EXPECT_EQ(session.takeMessages(), kLogCharacters + log + "\n");
+    }
+    for (const char c : std::string("/\\:*?<>|")) {
+        const std::string name = "x" + std::string(1, c) + "y";
+        EXPECT_FALSE(session.batch(session.start() + "scene \"a.ma\" -name \"" + name + "\"\n"));
+        EXPECT_EQ(session.takeMessages(), kNameCharacters + name + "\n");
+    }
+}
+
+// --- files that are no lists
+
+TEST_F(BatchExportCommand, AListThatCannotBeOpenedIsNamed) {
+    for (const std::string& path : {session.folder.path("none.z3be"), session.folder.path()}) {
+        EXPECT_FALSE(session.batchFile(path));
+        EXPECT_EQ(session.takeMessages(), "Error: Can't open file: " + path + "\n");
+    }
+}
+
+TEST_F(BatchExportCommand, AFileWithoutTheHeaderIsNoList) {
+    std::string noise;
+    for (int i = 0; i < 100000; ++i) {
+        noise += static_cast<char>(i * 7919 >> 3);
+    }
+    for (const std::string& text : {std::string(), std::string("\n# TVK_Batch_Export\n"), std::string("scene \"a.ma\""),
+                                    std::string("# TVK_Export settings\n"), noise}) {
+        session.write("list.z3be", text);
+        EXPECT_FALSE(session.batchFile(session.folder.path("list.z3be")));
+        EXPECT_EQ(session.takeMessages(), "Error: z3be file is wrong\n") << text.substr(0, 30);
+    }
+}
+
+// --- lists that fail at a scene
+
+TEST_F(BatchExportCommand, ASceneThatDoesNotOpenIsNamed) {
+    session.write("in/broken.ma", "//Maya ASCII 2020 scene\ncreateNode {\n");
+    for (const char* scene : {"none.ma", "broken.ma", ""}) {
+        EXPECT_FALSE(session.batch(session.start() + "scene \"" + scene + "\"\n")) << scene;
+        EXPECT_THAT(session.takeMessages(),
+                    testing::AllOf(testing::StartsWith(session.announced(1, scene)),
+                                   EndsWith(std::string("Error: \"scene\" is wrong: ") + scene + "\n")));
+    }
+}
+
+TEST_F(BatchExportCommand, AMissingRootStopsTheBatch) {
+    EXPECT_FALSE(session.batch(session.start() + "scene \"a.ma\" -root \"a, none\"\nscene \"b.ma\"\n"));
+    EXPECT_EQ(session.takeMessages(), session.announced(1, "a.ma") + "Error: Node is not found: none\n");
+    EXPECT_FALSE(session.hasFile("out/a.imd") || session.hasFile("out/b.imd"));
+}
+
+TEST_F(BatchExportCommand, AnExportThatFailsStopsTheBatch) {
+    session.writeScene("in/empty.ma", "");
+    EXPECT_FALSE(session.batch("log \"@/log.txt\"\n" + session.start() +
+                               "scene \"a.ma\"\nscene \"empty.ma\"\nscene \"b.ma\"\n"));
+    EXPECT_EQ(session.takeMessages(),
+              session.announced(1, "a.ma") + session.announced(2, "empty.ma") + "Error: Failed to export\n");
+    EXPECT_TRUE(session.hasFile("out/a.imd"));
+    EXPECT_FALSE(session.hasFile("out/b.imd"));
+    const std::string log = session.fileText("log.txt");
+    EXPECT_THAT(log, testing::HasSubstr("# scene: a.ma\n"));
+    EXPECT_THAT(log, EndsWith("# scene: empty.ma\n# output_folder: " + session.folder.path("out") +
+                              "\n# output: empty.imd\n\nError: No effective node\n\n"));
+}
+
+TEST_F(BatchExportCommand, FoldersMayVanishBetweenScenes) {
+    session.makeFolder("out2");
+    session.write("list.z3be", "# TVK_Batch_Export\n" + session.start() + "scene \"a.ma\"\nscene \"b.ma\"\n");
+    // The first export's feedback is the moment at which somebody removes the folder.
+    host::Host::instance().feedbackLine().onChange = [&] {
+        if (session.hasFile("out/a.imd")) {
+            std::filesystem::remove_all(session.folder.path("out"));
+        }
+    };
+    EXPECT_FALSE(session.batchFile(session.folder.path("list.z3be")));
+    EXPECT_THAT(session.takeMessages(), EndsWith("Error: Failed to export\n"));
 }
 
 } // namespace

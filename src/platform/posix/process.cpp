@@ -21,6 +21,18 @@ bool waitForEnd(pid_t process, int& status) {
 
 } // namespace
 
+const char* const kShellPrefix = "";
+
+std::string quotedArgument(const std::string& argument) {
+    std::string quoted = "\"";
+    for (const char c : argument) {
+        if (c == '"' || c == '$' || c == '`' || c == '\\')
+            quoted += '\\';
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
 ProcessResult runProcess(const std::string& commandLine, ProcessWindow /*window*/) {
     std::string shell = "sh";
     std::string option = "-c";

@@ -6,6 +6,12 @@
 
 namespace tvk {
 
+const char* const kShellPrefix = "cmd /c ";
+
+std::string quotedArgument(const std::string& argument) {
+    return '"' + argument + '"';
+}
+
 ProcessResult runProcess(const std::string& commandLine, ProcessWindow window) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;

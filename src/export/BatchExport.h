@@ -1,0 +1,50 @@
+#pragma once
+
+#include "export/batchHeadings.h"
+#include "export/batchList.h"
+
+#include <maya/MStatus.h>
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+
+namespace tvk {
+
+/// Exports the scenes of a batch list, each through the host's own export command. One object serves one list.
+class BatchExport {
+public:
+    /// Fails, with a message on standard error, at the first line that cannot be followed; what was exported before
+    /// stays. The exports' own messages go to the list's log, if it names one.
+    MStatus run(const std::string& listPath);
+
+private:
+    using Step = MStatus (BatchExport::*)(const BatchLine& line);
+    static Step stepOf(BatchKeyword keyword);
+
+    MStatus readLines(std::istream& in);
+    MStatus takeLog(const BatchLine& line);
+    MStatus takeInputFolder(const BatchLine& line);
+    MStatus takeOutputFolder(const BatchLine& line);
+    MStatus takeSettingsFolder(const BatchLine& line);
+    MStatus takeSettings(const BatchLine& line);
+    MStatus takeScene(const BatchLine& line);
+
+    MStatus settleBase(const BatchLine& line);
+    MStatus checkGiven();
+    MStatus readSettingsFile();
+    MStatus logScene() const;
+    MStatus openScene(const std::string& path) const;
+    MStatus exportScene(bool selectionOnly) const;
+
+    std::string list;
+    std::string log; // empty: none
+    bool mayTakeLog = true;
+    std::string sceneFolder; // the input folder, or the folder within it that its project has for scenes
+    std::string optionString;
+    bool settingsAreNew = false; // to be read before the next scene
+    BatchScene scene;            // what holds for the next one
+    int64_t exported = 0;
+};
+
+} // namespace tvk
