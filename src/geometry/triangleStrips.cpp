@@ -20,14 +20,14 @@ constexpr uint32_t kStripsCool = 195000u;  // 0.1
 constexpr PivotPlan kStandardPlan{{40, kWarm, kCool}, {6, kStripsWarm, kStripsCool}, 0};
 
 // From the start, to keep what is regular about it, and from disorder, to get rid of what is wrong with it.
-constexpr PivotPlan kRefinePlan{{800, kWarm, kCool}, {30, kStripsWarm, kStripsCool}, 1};
-constexpr PivotPlan kMeltPlan{{1300, kHot, kCool}, {30, kStripsWarm, kStripsCool}, 2};
+constexpr PivotPlan kRefinePlan{{800, kWarm, kCool}, {15, kStripsWarm, kStripsCool}, 1};
+constexpr PivotPlan kMeltPlan{{1300, kHot, kCool}, {15, kStripsWarm, kStripsCool}, 2};
 constexpr int kMelts = 2;
 
 PivotLabels firstPivots(const StripMesh& mesh, const std::vector<uint32_t>& components) {
-    std::vector<PivotLabels> candidates{greedyPivots(mesh, GreedyOrder::beside), greedyPivots(mesh, GreedyOrder::apart)};
-    // Meshes of several patches are hardly ever regular as a whole.
-    for (uint8_t direction = 0; direction < 3 && mesh.faceCount() <= kStripPatchSize; ++direction)
+    std::vector<PivotLabels> candidates{greedyPivots(mesh, GreedyOrder::beside),
+                                        greedyPivots(mesh, GreedyOrder::apart)};
+    for (uint8_t direction = 0; direction < 3; ++direction)
         candidates.push_back(parallelPivots(mesh, direction));
     return bestByComponent(mesh, components, candidates);
 }
@@ -40,10 +40,20 @@ PivotLabels disorder(std::size_t count, uint64_t seed) {
     return pivots;
 }
 
+// Trying several starts would not pay: meshes of several patches are hardly ever regular as a whole, and each look at
+// all of their triangles waits for memory.
+PivotLabels largePivots(const StripMesh& mesh, const std::function<void(double)>& tell) {
+    PivotLabels pivots = greedyPivots(mesh, GreedyOrder::beside);
+    annealPivots(mesh, kStandardPlan, pivots, tell);
+    return pivots;
+}
+
 } // namespace
 
 std::vector<std::vector<int32_t>> buildTriangleStrips(const StripMesh& mesh, StripEffort effort,
                                                       const std::function<void(double)>& done) {
+    if (effort == StripEffort::standard && mesh.faceCount() > kStripPatchSize)
+        return readTriangleStrips(mesh, largePivots(mesh, done));
     const std::vector<uint32_t> components = findComponents(mesh);
     PivotLabels best = firstPivots(mesh, components);
     const std::size_t least = leastTriangleStrips(mesh, components);
