@@ -52,12 +52,13 @@ std::vector<std::vector<int32_t>> buildStrips(std::vector<std::array<int32_t, 4>
     return sides == 4 ? buildQuadStrips(mesh, effort, done) : buildTriangleStrips(mesh, effort, done);
 }
 
-// The strips of the group with every quad as two triangles.
-StripSet buildSplitStrips(const GroupFaces& group, StripEffort effort, const std::function<void(double)>& done) {
+// The strips of the group with every quad as two triangles, cut from a corner (0 or 1) to the opposite one.
+StripSet buildSplitStrips(const GroupFaces& group, std::size_t corner, StripEffort effort,
+                          const std::function<void(double)>& done) {
     std::vector<std::array<int32_t, 4>> triangles = group.triangles;
     for (const std::array<int32_t, 4>& quad : group.quads) {
-        triangles.push_back({quad[0], quad[1], quad[2], -1});
-        triangles.push_back({quad[0], quad[2], quad[3], -1});
+        triangles.push_back({quad[corner], quad[corner + 1], quad[(corner + 2) % 4], -1});
+        triangles.push_back({quad[corner], quad[(corner + 2) % 4], quad[(corner + 3) % 4], -1});
     }
     return {buildStrips(std::move(triangles), 3, effort, done), {}};
 }
@@ -74,13 +75,15 @@ StripSet chooseStrips(const GroupFaces& group, StripEffort effort, int64_t& allo
                     buildStrips(group.quads, 4, effort, part(0.25, 0.5))};
     if (group.triangles.empty() || quadCount == 0 || allowance <= 0)
         return strips;
-    const int64_t split = joinMixedStrips(strips, allowance);
-    if (quadCount <= allowance) {
-        StripSet allSplit = buildSplitStrips(group, effort, part(0.5, 1));
-        if (vertexCount(allSplit) < vertexCount(strips)) {
-            allowance -= quadCount;
-            return allSplit;
-        }
+    int64_t split = joinMixedStrips(strips, allowance);
+    // On regular meshes strips start well along one of the diagonals only.
+    for (std::size_t corner = 0; corner < 2 && quadCount <= allowance; ++corner) {
+        const double from = 0.5 + 0.25 * static_cast<double>(corner);
+        StripSet allSplit = buildSplitStrips(group, corner, effort, part(from, from + 0.25));
+        if (vertexCount(allSplit) >= vertexCount(strips))
+            continue;
+        strips = std::move(allSplit);
+        split = quadCount;
     }
     allowance -= split;
     return strips;

@@ -36,6 +36,8 @@ std::vector<std::vector<int32_t>> buildQuadStrips(const StripMesh& mesh, StripEf
                                                   const std::function<void(double)>& done) {
     QuadAxes best = better(mesh, greedyAxes(mesh), longestAxes(mesh));
     const auto improve = [&](const AnnealPlan& plan, uint64_t seed, QuadAxes start, double from, double to) {
+        if (countQuadStrips(mesh, best) == 1)
+            return;
         annealAxes(mesh, plan, seed, start, [&](double part) {
             if (done)
                 done(from + (to - from) * part);

@@ -78,5 +78,16 @@ TEST(QuadStrips, KnownMeshesComeWithinThreeHundredthsOfTheBestResult) {
     }
 }
 
+TEST(QuadStrips, SphereGoesFromPoleToPoleWhenItsQuadsMaySplit) {
+    // 448 quads in 14 rings and two caps of 32 triangles each; 32 strips over 960 triangles are the proven floor.
+    const FaceList sphere = readStripMesh(TVK_BENCH_DATA, "made-uvsphere");
+    ASSERT_EQ(sphere.sizes.size(), 512u);
+    PrimitiveOptions options;
+    options.splittableQuads = 447;
+    EXPECT_GT(buildPrimitives(sphere, options).groups[0].vertexCount, 960 + 2 * 32);
+    options.splittableQuads = 448;
+    EXPECT_EQ(buildPrimitives(sphere, options).groups[0].vertexCount, 960 + 2 * 32);
+}
+
 } // namespace
 } // namespace tvk::test
