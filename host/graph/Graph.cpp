@@ -181,6 +181,17 @@ void Graph::setTime(Ticks time) {
     for (Node* node : impl_->timeNodes) {
         storeTime(*node);
     }
+    dropTimeDriven();
+}
+
+void Graph::setFramesPerSecond(double frames) {
+    if (frames != framesPerSecond_) {
+        framesPerSecond_ = frames;
+        dropTimeDriven();
+    }
+}
+
+void Graph::dropTimeDriven() {
     if (impl_->cachedCount == 0) {
         return;
     }

@@ -127,6 +127,9 @@ public:
     /// Drops what depends on the current time, and nothing else. Nodes of type "time" keep it in outTime and
     /// unwarpedTime; setNumber on such an outTime does the same as this.
     void setTime(Ticks time);
+    /// How many frames of the user's time unit a second has; nodes that count frames ask for it.
+    double framesPerSecond() const { return framesPerSecond_; }
+    void setFramesPerSecond(double frames);
 
     // --- reporting
     /// Receives each one-line warning of evaluation (a cycle, a node type that passes its input through); never the
@@ -150,6 +153,7 @@ private:
 
     void release(Node& node);
     void storeTime(Node& timeNode);
+    void dropTimeDriven();
 
     void takeFromParent(Node& node, std::size_t parentIndex);
     std::vector<Node*> takeOutOfDag(Node& node, DirtyPropagation& dropped);
@@ -175,6 +179,7 @@ private:
 
     NodeTypeRegistry& types_;
     Ticks time_ = 0;
+    double framesPerSecond_ = Units().framesPerSecond;
     std::unique_ptr<Impl> impl_;
 };
 

@@ -2,6 +2,7 @@
 #include "host/nodes/arithmeticCompute.h"
 #include "host/nodes/blendCompute.h"
 #include "host/nodes/curveCompute.h"
+#include "host/nodes/expressionCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 #include "host/nodes/utilityCompute.h"
@@ -91,7 +92,8 @@ constexpr AttributeRow kExpression[] = {
     {"expression", "e", "string"},
     {"internalExpression", "ixp", "string"},
     {"input", "in", "double", {}, 0, kArray},
-    {"output", "out", "double", {}, 0, kArray},
+    {"output", "out", "double", {}, 0, kArray | kComputed},
+    {"compiled", "cpd", "data", {}, 0, kComputed | kHidden},
     {"time", "tim", "time"},
     {"frame", "f", "double"},
     {"animated", "ani", "short", {}, 1},
@@ -248,7 +250,7 @@ constexpr TypeRow kTypes[] = {
     {"animCurveUT", "animCurve", api::kAnimCurveUnitlessToTime, kCurveUT, kCurve},
     {"animCurveUU", "animCurve", api::kAnimCurveUnitlessToUnitless, kCurveUU, kCurve},
     {"time", "dependNode", api::kTime, kTime},
-    {"expression", "dependNode", api::kExpression, kExpression, {DagRole::kNone, nullptr, "time", true}},
+    {"expression", "dependNode", api::kExpression, kExpression, {DagRole::kNone, computeExpression, "time"}},
     {"unitConversion", "dependNode", api::kUnitConversion, kUnitConversion, {DagRole::kNone, computeUnitConversion}},
     {"timeToUnitConversion",
      "dependNode",

@@ -1,6 +1,7 @@
 #include "host/nodes/constraintTargets.h"
 
 #include "host/nodes/blendRotation.h"
+#include "host/nodes/keptValue.h"
 #include "host/nodes/matrixPieces.h"
 #include "host/nodes/tripleValues.h"
 
@@ -25,33 +26,6 @@ V3d turned(const V3d& vector, const Matrix44& matrix) {
 
 V3d moved(const V3d& point, const Matrix44& matrix) {
     return turned(point, matrix) + originOf(matrix);
-}
-
-/// The channel that an output drives, by itself or as a part of what its compound drives.
-Plug drivenChannel(const Graph& graph, const Plug& output) {
-    const std::vector<Plug> own = graph.destinationsOf(output);
-    if (!own.empty()) {
-        return own.front();
-    }
-    const AttrIndex compound = output.node->attribute(output.at.attr).parent;
-    for (Plug whole : graph.destinationsOf({output.node, address(compound)})) {
-        const std::vector<AttrIndex>& parts = output.node->attribute(compound).children;
-        const auto part = static_cast<std::size_t>(output.at.attr - parts.front());
-        const std::vector<AttrIndex>& channels = whole.node->attribute(whole.at.attr).children;
-        if (part < channels.size()) {
-            whole.at.attr = channels[part];
-            return whole;
-        }
-    }
-    return output;
-}
-
-/// What the channel that an output drives holds itself.
-double storedAtDestination(const Graph& graph, const Plug& output) {
-    const Plug channel = drivenChannel(graph, output);
-    const Value* value = graph.stored(channel);
-    const double* number = value != nullptr ? std::get_if<double>(value) : nullptr;
-    return number != nullptr ? *number : channel.node->attribute(channel.at.attr).defaultNumber;
 }
 
 } // namespace
@@ -188,7 +162,7 @@ void ConstraintTargets::putRest(AttrIndex output, AttrIndex rest) {
     }
     for (int axis = 0; axis < 3; ++axis) {
         const PlugAddress at = address(output + axis);
-        evaluation_.putNumber(node_, at, storedAtDestination(evaluation_.graph(), {&node_, at}));
+        evaluation_.putNumber(node_, at, keptValue(evaluation_.graph(), {&node_, at}));
     }
 }
 

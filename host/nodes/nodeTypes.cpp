@@ -4,6 +4,7 @@
 #include "host/nodes/constraintCompute.h"
 #include "host/nodes/curveCompute.h"
 #include "host/nodes/dagCompute.h"
+#include "host/nodes/expressionCompute.h"
 #include "host/nodes/ikCompute.h"
 #include "host/nodes/meshCompute.h"
 #include "host/nodes/skinCompute.h"
@@ -22,6 +23,7 @@ struct AffectsRow {
 constexpr AffectsRow kAffects[] = {
     {computeDagMatrices, fillDagAffects},
     {computeAnimCurve, fillCurveAffects},
+    {computeExpression, fillExpressionAffects},
     {computeMesh, fillMeshAffects},
     {computeSkinCluster, fillSkinAffects},
     {computeClusterHandle, fillDagAffects},

@@ -95,7 +95,7 @@ void Scene::clear() {
     graph_->forgetWarnings();
     file_ = SceneFile();
     playback_ = PlaybackRange();
-    units_ = Units();
+    setUnits(Units());
 }
 
 void Scene::newScene() {
@@ -125,6 +125,11 @@ SceneResult Scene::open(const std::string& path) {
         std::replace(file_.path.begin(), file_.path.end(), '\\', '/');
     }
     return result;
+}
+
+void Scene::setUnits(const Units& units) {
+    units_ = units;
+    graph_->setFramesPerSecond(units.framesPerSecond);
 }
 
 SceneResult Scene::openText(std::string_view text, const std::string& name) {

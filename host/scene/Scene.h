@@ -82,7 +82,7 @@ public:
     PlaybackRange& playback() { return playback_; }
     const Units& units() const { return units_; }
     /// Changes how numbers are read and shown, not what they are; the playback range keeps its frames.
-    void setUnits(const Units& units) { units_ = units; }
+    void setUnits(const Units& units);
 
     // --- content
     /// Deletes everything, then makes the default nodes; units, time, playback range, selection and file are as new.

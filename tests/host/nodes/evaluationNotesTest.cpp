@@ -55,9 +55,9 @@ TEST_F(EvaluationNotes, SpeakOncePerType) {
 
 TEST_F(EvaluationNotes, FindDriversBehindEvaluatedNodes) {
     Node& joint = make("joint", "joint1");
-    Node& expression = make("expression", "expr");
+    Node& mute = make("mute", "mute1");
     Node& conversion = make("unitConversion", "conv");
-    connect(expression, "out[0]", conversion, "i");
+    connect(mute, "o", conversion, "i");
     connect(conversion, "o", joint, "rx");
     Node& character = make("character", "set");
     Node& scheduler = make("clipScheduler", "scheduler");
@@ -65,7 +65,7 @@ TEST_F(EvaluationNotes, FindDriversBehindEvaluatedNodes) {
     connect(character, "av[0]", joint, "ry");
     EXPECT_EQ(findEvaluationNotes(graph),
               (Notes{"node type 'clipScheduler' is not supported: joint1.scheduler keeps its stored values",
-                     "node type 'expression' is not supported: joint1.expr keeps its stored values"}));
+                     "node type 'mute' is not supported: joint1.mute1 keeps its stored values"}));
 }
 
 TEST_F(EvaluationNotes, NameConstraintsByWhatTheyHold) {
