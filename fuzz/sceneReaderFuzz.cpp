@@ -4,9 +4,11 @@
 #include <string_view>
 
 #include "host/graph/DagPath.h"
+#include "host/nodes/meshQueries.h"
 #include "host/scene/Scene.h"
 
-// Any bytes as a scene. What opens must have names by which its nodes are found, and what does not must leave nothing.
+// Any bytes as a scene. What opens must have names by which its nodes are found and meshes that are whole, and what
+// does not must leave nothing.
 namespace {
 
 constexpr std::size_t kNodesToAsk = 64;
@@ -25,6 +27,56 @@ void checkNames(host::Scene& scene) {
     }
 }
 
+// Nodes that make millions of faces from one number are no find, only slow.
+bool makesManyFaces(host::Scene& scene) {
+    constexpr double kMany = 50.0;
+    for (host::Node* node : scene.graph().nodes()) {
+        for (const char* count : {"subdivisionsAxis", "subdivisionsWidth", "subdivisionsHeight", "subdivisionsDepth"}) {
+            const host::AttrIndex attr =
+                node->type().isKindOf("polyPrimitive") ? node->findAttribute(count) : host::kNoAttr;
+            if (attr != host::kNoAttr && scene.graph().number({node, {attr, 0, {}}}) > kMany) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void checkMesh(const host::MeshData& mesh) {
+    const host::MeshTopology& topology = *mesh.topology;
+    const auto corners = static_cast<std::size_t>(topology.cornerCount());
+    bool isWhole = mesh.points->size() == static_cast<std::size_t>(topology.vertexCount()) &&
+                   topology.normalFans().ofCorner.size() == corners &&
+                   mesh.normals().size() == static_cast<std::size_t>(topology.normalFans().count) &&
+                   topology.facesOfEdge().items.size() == corners;
+    for (const std::int32_t vertex : topology.cornerVertices()) {
+        isWhole = isWhole && vertex >= 0 && vertex < topology.vertexCount();
+    }
+    for (const host::UvSet& set : mesh.uvSets) {
+        for (const std::int32_t id : set.ids->ids) {
+            isWhole = isWhole && id >= 0 && static_cast<std::size_t>(id) < set.points->size();
+        }
+    }
+    for (const host::ColorSet& set : mesh.colorSets) {
+        for (const std::int32_t id : set.ids->ids) {
+            isWhole = isWhole && id >= -1 && id < static_cast<std::int32_t>(set.colors->size());
+        }
+    }
+    if (!isWhole) {
+        std::abort();
+    }
+}
+
+void checkMeshes(host::Scene& scene) {
+    if (makesManyFaces(scene)) {
+        return;
+    }
+    const std::size_t count = scene.graph().nodes().size();
+    for (std::size_t at = 0; at < count && at < kNodesToAsk; ++at) {
+        checkMesh(*host::evaluatedMesh(scene.graph(), *scene.graph().nodes()[count - 1 - at]));
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -33,6 +85,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     if (scene.openText(text, "fuzz.ma").ok()) {
         checkNames(scene);
+        checkMeshes(scene);
     } else if (scene.graph().nodes().size() != defaultCount) {
         std::abort();
     }
