@@ -1,5 +1,6 @@
 #pragma once
 
+#include "animation/HashChains.h"
 #include "animation/PlaceTable.h"
 
 #include <algorithm>
@@ -14,13 +15,14 @@ namespace tvk {
 /// already, be it inside a run stored before or across two of them, else at the end.
 ///   Symbol   comparable with ==
 ///   Hash     callable: const Symbol& -> uint64_t
-///   kGram    runs of fewer than 2 * kGram - 1 symbols get an index of their own per length
+///   kGram    runs of fewer than 2 * kGram - 1 symbols are not looked up by grams
 ///
 /// Time is linear in the symbols given, memory in those stored. Every kGram-th place of the pool is indexed by the hash
 /// of the kGram symbols there; one of the first kGram grams of a run falls on such a place wherever the run stands.
 /// Hashes of the pool's beginnings check a candidate in constant time and one true comparison confirms it. Where a gram
-/// is too common (held poses), an index of all windows of the run's length answers; channels of one frame range have a
-/// handful of lengths.
+/// is too common (held poses), the places where the pool goes from one symbol to another are looked up, as a run that
+/// holds a pose has few of those; where they are too common as well, an index of all windows of the run's length
+/// answers: channels of one frame range have a handful of lengths.
 template <typename Symbol, typename Hash, int32_t kGram>
 class RunPool {
 public:
@@ -94,7 +96,8 @@ private:
         for (const Symbol& symbol : run) {
             runBeginnings_.push_back(extended(runBeginnings_.back(), symbol));
         }
-        const int32_t found = length < 2 * kGram - 1 ? kTooCommon : findByGrams(run);
+        int32_t found = length < 2 * kGram - 1 ? kTooCommon : findByGrams(run);
+        found = found == kTooCommon ? findByChanges(run) : found;
         return found == kTooCommon ? findByWindows(run) : found;
     }
 
@@ -107,7 +110,7 @@ private:
         for (int32_t offset = 0; offset < kGram; ++offset) {
             int32_t looked = 0;
             for (int32_t gram = firstGram(windowHash(runBeginnings_, offset, kGram, kGramPower)); gram >= 0;
-                 gram = nextSame_[static_cast<std::size_t>(gram)]) {
+                 gram = grams_.next(gram)) {
                 if (++looked > kCommon) {
                     return kTooCommon;
                 }
@@ -130,22 +133,65 @@ private:
     uint64_t gramHash(int32_t gram) const { return windowHash(beginnings_, gram * kGram, kGram, kGramPower); }
 
     int32_t firstGram(uint64_t hash) const {
-        return grams_.find(hash, [this](int32_t gram) { return gramHash(gram); });
+        return grams_.first(hash, [this](int32_t gram) { return gramHash(gram); });
     }
 
     void indexGrams() {
-        while ((static_cast<int32_t>(nextSame_.size()) + 1) * kGram <= size()) {
-            const auto gram = static_cast<int32_t>(nextSame_.size());
-            nextSame_.push_back(-1);
-            lastSame_.push_back(gram);
-            const int32_t first =
-                grams_.findOrAdd(gramHash(gram), gram, [this](int32_t other) { return gramHash(other); });
-            if (first != gram) {
-                int32_t& last = lastSame_[static_cast<std::size_t>(first)];
-                nextSame_[static_cast<std::size_t>(last)] = gram;
-                last = gram;
+        while ((static_cast<int32_t>(grams_.size()) + 1) * kGram <= size()) {
+            grams_.add(gramHash(static_cast<int32_t>(grams_.size())),
+                       [this](int32_t other) { return gramHash(other); });
+        }
+    }
+
+    // Of the change to the symbol at a place from the one before.
+    static uint64_t changeHash(const std::vector<Symbol>& symbols, std::size_t place) {
+        return extended(extended(0, symbols[place - 1]), symbols[place]);
+    }
+
+    auto hashOfChange() const {
+        return [this](int32_t change) {
+            return changeHash(symbols_, static_cast<std::size_t>(changePlaces_[static_cast<std::size_t>(change)]));
+        };
+    }
+
+    void indexChanges() {
+        for (; changesIndexed_ < symbols_.size(); ++changesIndexed_) {
+            if (!(symbols_[changesIndexed_] == symbols_[changesIndexed_ - 1])) {
+                changePlaces_.push_back(static_cast<int32_t>(changesIndexed_));
+                changes_.add(changeHash(symbols_, changesIndexed_), hashOfChange());
             }
         }
+    }
+
+    int32_t findByChanges(const std::vector<Symbol>& run) {
+        indexChanges();
+        for (std::size_t offset = 1; offset < run.size(); ++offset) {
+            if (run[offset] == run[offset - 1]) {
+                continue;
+            }
+            const int32_t first = changes_.first(changeHash(run, offset), hashOfChange());
+            if (first < 0) {
+                return kAbsent;
+            }
+            if (changes_.countFrom(first) <= kCommon) {
+                return firstAmong(run, first, static_cast<int32_t>(offset));
+            }
+        }
+        return kTooCommon;
+    }
+
+    // The lowest place of the run at which one of its changes, `offset` symbols on, is that one or one like it.
+    int32_t firstAmong(const std::vector<Symbol>& run, int32_t change, int32_t offset) const {
+        const auto length = static_cast<int32_t>(run.size());
+        const uint64_t power = powerOf(length);
+        for (; change >= 0; change = changes_.next(change)) {
+            const int32_t place = changePlaces_[static_cast<std::size_t>(change)] - offset;
+            if (place >= 0 && place + length <= size() &&
+                windowHash(beginnings_, place, length, power) == runBeginnings_.back() && standsAt(run, place)) {
+                return place;
+            }
+        }
+        return kAbsent;
     }
 
     int32_t findByWindows(const std::vector<Symbol>& run) {
@@ -155,6 +201,7 @@ private:
             index.power = powerOf(length);
         }
         const auto hashAt = [&](int32_t place) { return windowHash(beginnings_, place, length, index.power); };
+        index.places.reserve(static_cast<std::size_t>(size()));
         for (; index.indexed + length <= size(); ++index.indexed) {
             index.places.findOrAdd(hashAt(index.indexed), index.indexed, hashAt);
         }
@@ -169,9 +216,10 @@ private:
 
     std::vector<Symbol> symbols_;
     std::vector<uint64_t> beginnings_{0};    // hash of the first i symbols
-    PlaceTable grams_;                       // first gram of each hash; grams are counted, not placed
-    std::vector<int32_t> nextSame_;          // per gram the next of the same hash, -1 after the last
-    std::vector<int32_t> lastSame_;          // per first gram the last of the same hash
+    HashChains grams_;                       // the gram of each kGram-th place
+    HashChains changes_;                     // of the places below
+    std::vector<int32_t> changePlaces_;      // that differ from the place before
+    std::size_t changesIndexed_ = 1;         // places below are done
     std::map<int32_t, WindowIndex> windows_; // by length
     std::vector<uint64_t> runBeginnings_;
     static inline const uint64_t kGramPower = powerOf(kGram);
