@@ -12,6 +12,10 @@ namespace {
 constexpr int kMostPasses = 8;
 constexpr float kTurn = 360.0F;
 
+// Every other candidate is half a turn or more away in two angles, or a whole one in one of them: it is farther from
+// the frame before than angles that are nearer to it than this, with room to spare for rounding.
+constexpr double kSurelyNearest = 90.0;
+
 using Angles = std::array<float, 3>;
 
 bool varies(const std::vector<float>& track) {
@@ -29,6 +33,9 @@ double distance(const Angles& a, const Angles& b) {
 Angles nearest(const Angles& angles, const Angles& previous) {
     Angles best = angles;
     double least = distance(angles, previous);
+    if (least < kSurelyNearest) {
+        return best;
+    }
     for (const EulerCandidate& candidate : kEulerCandidates) {
         const Angles other{angles[0] + candidate.dx, (candidate.negatesY ? -angles[1] : angles[1]) + candidate.dy,
                            angles[2] + candidate.dz};

@@ -87,8 +87,9 @@ MStatus sampleAnimation(const NodeSetReader& readSet) {
             samplePlacements(scene);
         }
     }
-    scene.visibilityAnimated = std::any_of(scene.outputNodes.begin(), scene.outputNodes.end(),
-                                           [](const NodeRecord* node) { return varies(node->visibilityTrack); });
+    scene.visibilityAnimated =
+        std::any_of(scene.outputNodes.begin(), scene.outputNodes.end(),
+                    [](const NodeRecord* node) { return !node->skipOutput && varies(node->visibilityTrack); });
     MAnimControl::setCurrentTime(userTime);
     conditionRotations(scene);
     return MS::kSuccess;
