@@ -4,8 +4,13 @@
 #include "scene/decomposition.h"
 #include "scene/messages.h"
 #include "scene/nodeMatrix.h"
+#include "scene/plugDriver.h"
+#include "scene/plugReading.h"
+
+#include <maya/MFnDependencyNode.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <unordered_map>
 
@@ -40,8 +45,29 @@ void writeMatrix(NodeRecord& node, const MMatrix& matrix) {
     }
 }
 
+bool hasMovingScale(const NodeRecord& node) {
+    constexpr std::array<const char*, 3> kParts{"scaleX", "scaleY", "scaleZ"};
+    MStatus status;
+    const MFnDependencyNode function(node.path.node(), &status);
+    return status && std::any_of(kParts.begin(), kParts.end(),
+                                 [&](const char* part) { return findDriver(findPlug(function, part)).isAnimated(); });
+}
+
+// Whether some frame's folded ancestors may bring a scale along, though those of the static pose do not.
+bool foldsMovingScale(const NodeRecord& node) {
+    const NodeRecord* above = &node;
+    for (int32_t left = node.foldedCount; left > 0; --left) {
+        above = above->scene.parent;
+        const bool undoesOne = above->scaleCompensate && hasMovingScale(*above->scene.parent);
+        if (undoesOne || hasMovingScale(*above)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 bool writesOtherScale(const NodeRecord& node) {
-    return quantised(node.written).scale != quantised(node.own).scale;
+    return quantised(node.written).scale != quantised(node.own).scale || foldsMovingScale(node);
 }
 
 void findExportedWorld(NodeRecord& node) {
