@@ -105,5 +105,29 @@ TEST(RunPool, GivesTheSameHeadsForLevelRuns) {
     }
 }
 
+// Poses that are held, and change now to values that are rare, now to ones that are everywhere.
+TEST(RunPool, GivesTheSameHeadsForHeldPoses) {
+    std::mt19937 random(12);
+    for (int scene = 0; scene < 40; ++scene) {
+        NumberPool pool;
+        LiteralPool literal;
+        for (int i = 0; i < 120; ++i) {
+            std::vector<int32_t> run(i % 3 == 0 ? 5 + random() % 50 : 63 + random() % 60);
+            int32_t value = 0;
+            for (int32_t& symbol : run) {
+                const auto chance = random() % 40;
+                value = chance == 0 ? static_cast<int32_t>(random() % 50) : chance < 3 ? 1 - value : value;
+                symbol = value;
+            }
+            if (random() % 4 == 0 && literal.values.size() > run.size()) {
+                const auto from = static_cast<std::ptrdiff_t>(random() % (literal.values.size() - run.size()));
+                std::copy_n(literal.values.begin() + from, run.size(), run.begin());
+            }
+            ASSERT_EQ(pool.findOrAppend(run), literal.findOrAppend(run)) << scene;
+        }
+        ASSERT_EQ(pool.symbols(), literal.values);
+    }
+}
+
 } // namespace
 } // namespace tvk

@@ -6,7 +6,9 @@
 #include <ImathMatrix.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
+#include <limits>
 #include <random>
 #include <vector>
 
@@ -89,6 +91,52 @@ TEST(EulerFilter, TakesOneTurnAPassAndEightPassesAtTheMost) {
     Track z{0, 0};
     filterEuler(x, y, z);
     EXPECT_EQ(x[1], 360.0F * 4);
+}
+
+// The definition: every candidate is tried at every frame.
+void filterLiterally(Track& x, Track& y, Track& z) {
+    bool changed = true;
+    for (int pass = 0; pass < 8 && changed; ++pass) {
+        changed = false;
+        for (std::size_t f = 1; f < x.size(); ++f) {
+            std::array<float, 3> best{x[f], y[f], z[f]};
+            double least = std::numeric_limits<double>::infinity();
+            for (const EulerCandidate& candidate : kEulerCandidates) {
+                const std::array<float, 3> tried{
+                    x[f] + candidate.dx, (candidate.negatesY ? -y[f] : y[f]) + candidate.dy, z[f] + candidate.dz};
+                const double sum = std::abs(static_cast<double>(tried[0]) - static_cast<double>(x[f - 1])) +
+                                   std::abs(static_cast<double>(tried[1]) - static_cast<double>(y[f - 1])) +
+                                   std::abs(static_cast<double>(tried[2]) - static_cast<double>(z[f - 1]));
+                if (sum < least) {
+                    least = sum;
+                    best = tried;
+                }
+            }
+            changed = changed || best != std::array<float, 3>{x[f], y[f], z[f]};
+            x[f] = best[0];
+            y[f] = best[1];
+            z[f] = best[2];
+        }
+    }
+}
+
+TEST(EulerFilter, DoesAsTryingEveryCandidateDoes) {
+    std::mt19937 random(3);
+    std::uniform_real_distribution<float> any(-900.0F, 900.0F);
+    std::uniform_real_distribution<float> small(-70.0F, 70.0F);
+    for (int round = 0; round < 2000; ++round) {
+        std::array<Track, 3> tracks;
+        for (Track& track : tracks) {
+            track.push_back(any(random));
+            for (int f = 1; f < 12; ++f) {
+                track.push_back(random() % 3 == 0 ? any(random) : track.back() + small(random));
+            }
+        }
+        std::array<Track, 3> literal = tracks;
+        filterEuler(tracks[0], tracks[1], tracks[2]);
+        filterLiterally(literal[0], literal[1], literal[2]);
+        ASSERT_EQ(tracks, literal) << round;
+    }
 }
 
 TEST(EulerFilter, OfNoFramesIsNothing) {
