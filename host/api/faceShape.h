@@ -15,9 +15,8 @@ bool isConvexFace(const MeshData& mesh, std::int32_t face);
 /// Whether all corners lie in one plane, to a part in 10,000 of the face's size.
 bool isPlanarFace(const MeshData& mesh, std::int32_t face);
 
-/// Three corners (counted in the face) for each triangle: a fan from corner 0 where the face is convex, ears cut off
-/// one after the other elsewhere. A face of n corners gives n - 2 triangles, also when it is folded; one with holes, or
-/// with fewer than three corners, gives none. Quadratic in the number of corners that turn inward.
+/// Three corners (counted in the face) for each triangle, n - 2 triangles for n corners; see triangulate. A face with
+/// holes, or with fewer than three corners, gives none.
 std::vector<std::int32_t> triangulateFace(const MeshData& mesh, std::int32_t face);
 
 } // namespace host

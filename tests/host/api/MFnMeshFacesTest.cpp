@@ -88,7 +88,7 @@ struct PolygonRow {
 
 const PolygonRow kPolygons[] = {
     {"triangle", {0, 0, 1, 0, 0, 1}, true, {0, 1, 2}},
-    {"square", {0, 0, 1, 0, 1, 1, 0, 1}, true, {0, 1, 2, 0, 2, 3}},
+    {"square", {0, 0, 1, 0, 1, 1, 0, 1}, true, {0, 1, 3, 3, 1, 2}},
     {"threeOnALine", {0, 0, 1, 0, 2, 0, 2, 2, 0, 2}, true, {1, 2, 3, 1, 3, 4, 1, 4, 0}},
     {"arrowHead", {0, 0, 2, -1, 1, 0, 2, 1}, false, {0, 1, 2, 0, 2, 3}},
     {"letterL", {0, 0, 2, 0, 2, 1, 1, 1, 1, 2, 0, 2}, false, {}},
