@@ -117,10 +117,10 @@ FixedTexCoord ShapeFaces::readTexCoord(int face, int corner, const PictureSize& 
 }
 
 void ShapeFaces::checkNormals() {
-    if (!toldOfZeroNormal && (hasZero(shape.normals) || hasZero(shape.undeformedNormals))) {
+    if (!normalsChecked && (hasZero(shape.normals) || hasZero(shape.undeformedNormals))) {
         say(kZeroNormal, shape.name);
-        toldOfZeroNormal = true;
     }
+    normalsChecked = true;
 }
 
 } // namespace tvk

@@ -42,7 +42,7 @@ public:
     /// without any, which get those of (0, 0), and of such that are too large for the file.
     void readTexCoords(MObject component, const PictureSize& picture, PolygonPart& part);
 
-    /// Warns of normals without length.
+    /// Warns of normals without length. Looks once, however many groups the shape has.
     void checkNormals();
 
     /// Faces that were read, each counted once.
@@ -58,7 +58,7 @@ private:
     const MString uvSet;
     std::vector<bool> wasRead; // per face
     int64_t facesRead = 0;
-    bool toldOfZeroNormal = false;
+    bool normalsChecked = false;
     bool toldOfMissingUv = false;
     bool toldOfUvRange = false;
 };
