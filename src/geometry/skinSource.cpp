@@ -9,7 +9,7 @@
 #include <maya/MIntArray.h>
 #include <maya/MPlugArray.h>
 
-#include <algorithm>
+#include <unordered_set>
 
 namespace tvk {
 namespace {
@@ -36,19 +36,22 @@ MMatrix matrixOr(const MPlug& plug, const MMatrix& fallback) {
     return readMatrix(plug, matrix) ? matrix : fallback;
 }
 
-// An array element that is there; a null plug otherwise. Asking for one that is not would make the host add it.
-MPlug existingElement(const MPlug& array, unsigned int index) {
+// The elements of an array that are there. Asking for another one would make the host add it.
+std::unordered_set<unsigned int> existingElements(const MPlug& array) {
+    std::unordered_set<unsigned int> elements;
     MIntArray indices;
     if (array.isNull() || !array.isArray()) {
-        return MPlug();
+        return elements;
     }
     array.getExistingArrayAttributeIndices(indices);
     for (unsigned int i = 0; i < indices.length(); ++i) {
-        if (indices[i] == static_cast<int>(index)) {
-            return array.elementByLogicalIndex(index);
-        }
+        elements.insert(static_cast<unsigned int>(indices[i]));
     }
-    return MPlug();
+    return elements;
+}
+
+MPlug elementAmong(const std::unordered_set<unsigned int>& existing, const MPlug& array, unsigned int index) {
+    return existing.count(index) > 0 ? array.elementByLogicalIndex(index) : MPlug();
 }
 
 // The instance of the node whose world matrix the plug is.
@@ -84,9 +87,10 @@ std::vector<InfluenceObject> influencesOfSkin(MObject skinCluster) {
         return influences;
     }
     const MPlug bindInverses = findPlug(skin, "bindPreMatrix");
+    const std::unordered_set<unsigned int> existing = existingElements(bindInverses);
     for (unsigned int i = 0; i < paths.length(); ++i) {
         const unsigned int index = skin.indexForInfluenceObject(paths[i]);
-        influences.push_back({paths[i], matrixOr(existingElement(bindInverses, index), MMatrix::identity),
+        influences.push_back({paths[i], matrixOr(elementAmong(existing, bindInverses, index), MMatrix::identity),
                               textOf(paths[i].fullPathName())});
     }
     return influences;
@@ -137,7 +141,8 @@ bool readBindWorld(const SkinSource& source, MMatrix& world) {
     if (plug.isNull()) {
         return false;
     }
-    const MPlug value = plug.isArray() ? existingElement(plug, source.deformers.front().geometry) : plug;
+    const MPlug value =
+        plug.isArray() ? elementAmong(existingElements(plug), plug, source.deformers.front().geometry) : plug;
     MMatrix found;
     if (!readMatrix(value, found) || isFlattening(found)) {
         return false;
