@@ -228,6 +228,34 @@ constexpr AttributeRow kAnimBlend[] = {
     {"weightB", "wb", "double", {}, 1},
 };
 
+// Kinds of values that layers blend.
+constexpr AttributeRow kBlendDouble[] = {
+    {"inputA", "ia", "double"}, {"inputB", "ib", "double"}, {"output", "o", "double", {}, 0, kComputed}};
+constexpr AttributeRow kBlendAngle[] = {
+    {"inputA", "ia", "angle"}, {"inputB", "ib", "angle"}, {"output", "o", "angle", {}, 0, kComputed}};
+constexpr AttributeRow kBlendLength[] = {
+    {"inputA", "ia", "distance"}, {"inputB", "ib", "distance"}, {"output", "o", "distance", {}, 0, kComputed}};
+constexpr AttributeRow kBlendWhole[] = {
+    {"inputA", "ia", "long"}, {"inputB", "ib", "long"}, {"output", "o", "long", {}, 0, kComputed}};
+constexpr AttributeRow kBlendBool[] = {
+    {"inputA", "ia", "bool"}, {"inputB", "ib", "bool"}, {"output", "o", "bool", {}, 0, kComputed}};
+constexpr AttributeRow kBlendTime[] = {
+    {"inputA", "ia", "time"}, {"inputB", "ib", "time"}, {"output", "o", "time", {}, 0, kComputed}};
+constexpr AttributeRow kBlendScale[] = {
+    {"inputA", "ia", "double", {}, 1},
+    {"inputB", "ib", "double", {}, 1},
+    {"accumulationMode", "acm", "enum"},
+    {"output", "o", "double", {}, 1, kComputed},
+};
+constexpr AttributeRow kBlendRotation[] = {
+    {"inputA", "ia", "angle3", "XYZ"},
+    {"inputB", "ib", "angle3", "XYZ"},
+    {"rotateOrder", "ro", "enum", {}, 0, 0, "xyz:yzx:zxy:xzy:yxz:zyx"},
+    {"accumulationMode", "acm", "enum"},
+    {"rotationInterpolation", "rotI", "enum"},
+    {"output", "o", "angle3", "XYZ", 0, kComputed},
+};
+
 constexpr AttributeRow kMute[] = {
     {"input", "i", "any"},
     {"output", "o", "any"},
@@ -238,6 +266,7 @@ constexpr AttributeRow kMute[] = {
 constexpr TypeBehaviour kCurve{DagRole::kNone, computeAnimCurve};
 constexpr TypeBehaviour kTimeCurve{DagRole::kNone, computeAnimCurve, "input"};
 constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
+constexpr TypeBehaviour kLayered{DagRole::kNone, computeAnimBlend, {}, true};
 
 constexpr TypeRow kTypes[] = {
     {"animCurve", "dependNode", api::kAnimCurve, kAnimCurve},
@@ -269,19 +298,19 @@ constexpr TypeRow kTypes[] = {
     {"clipScheduler", "dependNode", api::kClipScheduler, kClipScheduler, kNotEvaluated},
     {"animLayer", "dependNode", api::kAnimLayer, kAnimLayer, kNotEvaluated},
     {"animBlendNodeBase", "dependNode", api::kBlendNodeBase, kAnimBlend, kNotEvaluated},
-    {"animBlendNodeBoolean", "animBlendNodeBase", api::kBlendNodeBoolean},
-    {"animBlendNodeEnum", "animBlendNodeBase", api::kBlendNodeEnum},
-    {"animBlendNodeAdditive", "animBlendNodeBase", api::kBlendNodeDouble},
-    {"animBlendNodeAdditiveDA", "animBlendNodeBase", api::kBlendNodeDoubleAngle},
-    {"animBlendNodeAdditiveDL", "animBlendNodeBase", api::kBlendNodeDoubleLinear},
-    {"animBlendNodeAdditiveF", "animBlendNodeBase", api::kBlendNodeFloat},
-    {"animBlendNodeAdditiveFA", "animBlendNodeBase", api::kBlendNodeFloatAngle},
-    {"animBlendNodeAdditiveFL", "animBlendNodeBase", api::kBlendNodeFloatLinear},
-    {"animBlendNodeAdditiveI16", "animBlendNodeBase", api::kBlendNodeInt16},
-    {"animBlendNodeAdditiveI32", "animBlendNodeBase", api::kBlendNodeInt32},
-    {"animBlendNodeAdditiveRotation", "animBlendNodeBase", api::kBlendNodeAdditiveRotation},
-    {"animBlendNodeAdditiveScale", "animBlendNodeBase", api::kBlendNodeAdditiveScale},
-    {"animBlendNodeTime", "animBlendNodeBase", api::kBlendNodeTime},
+    {"animBlendNodeBoolean", "animBlendNodeBase", api::kBlendNodeBoolean, kBlendBool, kLayered},
+    {"animBlendNodeEnum", "animBlendNodeBase", api::kBlendNodeEnum, kBlendWhole, kLayered},
+    {"animBlendNodeAdditive", "animBlendNodeBase", api::kBlendNodeDouble, kBlendDouble, kLayered},
+    {"animBlendNodeAdditiveDA", "animBlendNodeBase", api::kBlendNodeDoubleAngle, kBlendAngle, kLayered},
+    {"animBlendNodeAdditiveDL", "animBlendNodeBase", api::kBlendNodeDoubleLinear, kBlendLength, kLayered},
+    {"animBlendNodeAdditiveF", "animBlendNodeBase", api::kBlendNodeFloat, kBlendDouble, kLayered},
+    {"animBlendNodeAdditiveFA", "animBlendNodeBase", api::kBlendNodeFloatAngle, kBlendAngle, kLayered},
+    {"animBlendNodeAdditiveFL", "animBlendNodeBase", api::kBlendNodeFloatLinear, kBlendLength, kLayered},
+    {"animBlendNodeAdditiveI16", "animBlendNodeBase", api::kBlendNodeInt16, kBlendWhole, kLayered},
+    {"animBlendNodeAdditiveI32", "animBlendNodeBase", api::kBlendNodeInt32, kBlendWhole, kLayered},
+    {"animBlendNodeAdditiveRotation", "animBlendNodeBase", api::kBlendNodeAdditiveRotation, kBlendRotation, kLayered},
+    {"animBlendNodeAdditiveScale", "animBlendNodeBase", api::kBlendNodeAdditiveScale, kBlendScale, kLayered},
+    {"animBlendNodeTime", "animBlendNodeBase", api::kBlendNodeTime, kBlendTime, kLayered},
     {"mute", "dependNode", api::kMute, kMute, kNotEvaluated},
     {"motionPath", "dependNode", api::kMotionPath, kNotEvaluated},
     {"timeWarp", "dependNode", api::kTimeWarp, kNotEvaluated},

@@ -1,6 +1,7 @@
 #include "host/nodes/blendCompute.h"
 
 #include "host/nodes/blendRotation.h"
+#include "host/nodes/tripleValues.h"
 
 #include "host/graph/Evaluation.h"
 
@@ -39,10 +40,6 @@ const PairBlendAttributes& pairBlendAttributes(const Node& node) {
     return kAttributes;
 }
 
-Imath::V3d readTriple(Evaluation& evaluation, Node& node, AttrIndex first) {
-    return {evaluation.number(node, first), evaluation.number(node, first + 1), evaluation.number(node, first + 2)};
-}
-
 void blendRotations(Evaluation& evaluation, Node& node) {
     const PairBlendAttributes& attr = pairBlendAttributes(node);
     const Imath::V3d first = readTriple(evaluation, node, attr.rotate1);
@@ -77,6 +74,12 @@ void computePairBlend(Evaluation& evaluation, Node& node, const PlugAddress& out
     evaluation.putNumber(node, output,
                          blend(evaluation.number(node, attr.translate1 + axis),
                                evaluation.number(node, attr.translate2 + axis), weight));
+}
+
+void computeAnimBlend(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    const AttrIndex first = node.type().find("inputA");
+    const AttrIndex own = node.type().find("output");
+    evaluation.putNumber(node, output, evaluation.number(node, first + (output.attr - own)));
 }
 
 } // namespace host

@@ -19,11 +19,11 @@ struct Consequence {
 constexpr std::string_view kPassesThrough = "passes its input through";
 
 constexpr Consequence kConsequences[] = {
-    {"polyModifier", kPassesThrough},      {"geometryFilter", kPassesThrough},  {"groupParts", kPassesThrough},
-    {"transformGeometry", kPassesThrough}, {"deleteComponent", kPassesThrough}, {"createColorSet", kPassesThrough},
-    {"copyColorSet", kPassesThrough},      {"deleteColorSet", kPassesThrough},  {"createUVSet", kPassesThrough},
-    {"deleteUVSet", kPassesThrough},       {"polyBase", "makes no mesh"},       {"nurbsTessellate", "makes no mesh"},
-    {"subdToPoly", "makes no mesh"},
+    {"polyModifier", kPassesThrough},      {"geometryFilter", kPassesThrough},    {"groupParts", kPassesThrough},
+    {"transformGeometry", kPassesThrough}, {"deleteComponent", kPassesThrough},   {"createColorSet", kPassesThrough},
+    {"copyColorSet", kPassesThrough},      {"deleteColorSet", kPassesThrough},    {"createUVSet", kPassesThrough},
+    {"deleteUVSet", kPassesThrough},       {"polyBase", "makes no mesh"},         {"nurbsTessellate", "makes no mesh"},
+    {"subdToPoly", "makes no mesh"},       {"animBlendNodeBase", kPassesThrough},
 };
 
 /// Attributes through which nothing reaches a transformation or points: shading, memberships, the host's own windows.

@@ -280,5 +280,36 @@ TEST(AnimCurve, ExtendsLinearlyByTheTangentsOfTheEnds) {
     EXPECT_DOUBLE_EQ(valueAt(curve, 3), 3.0);
 }
 
+// The two ways of a key are told apart: in one, out another.
+TEST(AnimCurve, HasOneTypeOnEachSideOfAKey) {
+    CurveDescription curve =
+        curveOf({key(0, 0, TangentType::kLinear), key(1, 4, TangentType::kLinear), key(2, 0, TangentType::kLinear)});
+    curve.keys[1].outType = TangentType::kStep;
+    EXPECT_EQ(valueAt(curve, 0.5), 2.0);
+    EXPECT_EQ(valueAt(curve, 1.75), 4.0);
+    EXPECT_EQ(valueAt(curve, 2), 0.0);
+    curve.keys[1].outType = TangentType::kFlat;
+    // 4 (1 - (3u^2 - 2u^3)), with a slope of -4 at the end: u = 0.5 gives 2 + 4 / 8.
+    EXPECT_NEAR(valueAt(curve, 1.5), 2.5, 1e-12);
+}
+
+// A step in is a way in like any other: flat. Only the way out of the key before holds.
+TEST(AnimCurve, ReachesStepKeysFlatWhenTheKeyBeforeDoesNotHold) {
+    CurveDescription curve = curveOf({key(0, 0, TangentType::kFlat), key(1, 8, TangentType::kStep)});
+    EXPECT_NEAR(valueAt(curve, 0.5), 4.0, 1e-12);
+    EXPECT_NEAR(slopeBefore(curve, 1), 0.0, 1e-4);
+}
+
+TEST(AnimCurve, RepeatsStepsInCycles) {
+    CurveDescription curve =
+        curveOf({key(0, 1, TangentType::kStep), key(1, 2, TangentType::kStepNext), key(2, 5, TangentType::kStep)});
+    curve.before = curve.after = CurveInfinity::kCycle;
+    EXPECT_EQ(valueAt(curve, 2.5), 1.0);
+    EXPECT_EQ(valueAt(curve, 3), 2.0);
+    EXPECT_EQ(valueAt(curve, 3.5), 5.0);
+    EXPECT_EQ(valueAt(curve, -1.5), 1.0);
+    EXPECT_EQ(valueAt(curve, -0.5), 5.0);
+}
+
 } // namespace
 } // namespace host

@@ -68,6 +68,65 @@ TEST_F(CurveNodes, DrivenByANumberDoNotFollowTheTime) {
     EXPECT_DOUBLE_EQ(number(curve, "output"), 0.5);
 }
 
+struct KindRow {
+    const char* type;
+    bool isTimed; // the input
+};
+
+// Keys (0, 2), (10 or a second, 6), linear: in the middle 4, in what the output counts.
+TEST_F(CurveNodes, OfAllEightKindsRunThroughTheirKeys) {
+    const KindRow rows[] = {{"animCurveTA", true},  {"animCurveTL", true},  {"animCurveTT", true},
+                            {"animCurveTU", true},  {"animCurveUA", false}, {"animCurveUL", false},
+                            {"animCurveUT", false}, {"animCurveUU", false}};
+    for (const KindRow& row : rows) {
+        for (const double weighted : {0.0, 1.0}) {
+            const double length = row.isTimed ? kSecond : 10;
+            Node& curve = makeCurve(row.type, {{0, 2}, {length, 6}});
+            set(curve, "tan", 2);
+            set(curve, "wgt", weighted);
+            set(curve, "pst", 4);
+            const auto valueAt = [&](double part) {
+                if (row.isTimed) {
+                    graph.setTime(static_cast<Ticks>(part * kSecond));
+                } else {
+                    set(curve, "input", part * length);
+                }
+                return number(curve, "output");
+            };
+            EXPECT_NEAR(valueAt(0.5), 4.0, 1e-9) << row.type;
+            EXPECT_EQ(valueAt(0), 2.0) << row.type;
+            EXPECT_EQ(valueAt(1), 6.0) << row.type;
+            EXPECT_EQ(valueAt(-1), 2.0) << row.type;
+            EXPECT_NEAR(valueAt(2.25), 11.0, 1e-9) << row.type << ": two rises and a quarter";
+        }
+    }
+}
+
+TEST_F(CurveNodes, WithKeysAtOneTimeTakeTheLast) {
+    Node& curve = makeCurve("animCurveTL", {{0, 0}, {kSecond, 8}, {kSecond, 3}, {kSecond * 2, 3}});
+    set(curve, "tan", 2);
+    graph.setTime(kTicksPerSecond);
+    EXPECT_EQ(number(curve, "output"), 3.0);
+    graph.setTime(kTicksPerSecond / 2);
+    EXPECT_EQ(number(curve, "output"), 1.5);
+}
+
+TEST_F(CurveNodes, OfDrivenKeysFollowTheirDriverInInternalUnits) {
+    Node& driver = make("joint", "driver");
+    Node& driven = make("transform", "driven");
+    Node& curve = makeCurve("animCurveUL", {{0, 0}, {90, 5}});
+    Node& conversion = make("unitConversion", "conversion1");
+    set(curve, "tan", 2);
+    set(conversion, "cf", 1 / kDegree);
+    connect(driver, "rz", conversion, "i");
+    connect(conversion, "o", curve, "i");
+    connect(curve, "o", driven, "ty");
+    set(driver, "rz", 45 * kDegree);
+    EXPECT_NEAR(number(driven, "ty"), 2.5, 1e-12);
+    set(driver, "rz", 180 * kDegree);
+    EXPECT_EQ(number(driven, "ty"), 5.0);
+}
+
 TEST_F(CurveNodes, TakeKeyTypesFromTheirListsAndOtherwiseFromTheCurve) {
     Node& curve = makeCurve("animCurveTL", {{0, 0}, {kSecond, 8}, {2 * kSecond, 0}});
     set(curve, "tan", 2);

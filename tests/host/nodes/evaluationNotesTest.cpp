@@ -89,6 +89,20 @@ TEST_F(EvaluationNotes, NameHandlesByTheJointWhereTheyBegin) {
               Notes{"node type 'ikHandle' is not supported: joint1.ikHandle1 keeps its stored values"});
 }
 
+TEST_F(EvaluationNotes, GoOnBehindLayersWhichPassTheirInput) {
+    Node& joint = make("joint", "joint1");
+    Node& blend = make("animBlendNodeAdditiveDL", "blend1");
+    Node& path = make("motionPath", "path1");
+    Attribute place;
+    place.longName = place.shortName = "place";
+    path.addAttribute(place);
+    connect(path, "place", blend, "inputA");
+    connect(blend, "output", joint, "tx");
+    EXPECT_EQ(findEvaluationNotes(graph),
+              (Notes{"node type 'animBlendNodeAdditiveDL' is not supported: joint1.blend1 passes its input through",
+                     "node type 'motionPath' is not supported: joint1.path1 keeps its stored values"}));
+}
+
 TEST_F(EvaluationNotes, AreNoneForHandlesWithSolversThatAreKnown) {
     for (const char* solver : {"ikRPsolver", "ikSCsolver"}) {
         Node& handle = make("ikHandle", "ikHandle1");

@@ -86,6 +86,22 @@ TEST(SceneOpen, ReplacesEverything) {
     EXPECT_THAT(opened.scene.file().info, IsEmpty());
 }
 
+TEST(SceneOpen, ExpressionsCountInItsFrames) {
+    OpenedScene opened("currentUnit -l cm -a deg -t pal;\n"
+                       "createNode transform -n \"a\";\n"
+                       "createNode expression -n \"e\";\n"
+                       "\tsetAttr -s 2 \".in[0:1]\"  3 4;\n"
+                       "\tsetAttr -s 1 \".out\";\n"
+                       "\tsetAttr \".ixp\" -type \"string\" \"//turn\\r\\n.O[0] = frame + .I[1];\";\n"
+                       "connectAttr \":time1.o\" \"e.tim\";\n"
+                       "connectAttr \"e.out[0]\" \"a.tx\";\n");
+    EXPECT_THAT(opened.warnings, IsEmpty());
+    opened.scene.setCurrentFrame(10);
+    EXPECT_DOUBLE_EQ(opened.number("a.tx"), 14.0);
+    opened.open("createNode transform -n \"b\";");
+    EXPECT_EQ(opened.scene.graph().framesPerSecond(), 24.0);
+}
+
 TEST(SceneOpen, EachSceneTellsItsOwnCycles) {
     const std::string cycle =
         "createNode transform -n \"a\";\ncreateNode transform -n \"b\";\nconnectAttr \"a.tx\" \"b.tx\";\n"
