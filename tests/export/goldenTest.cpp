@@ -3,6 +3,7 @@
 #include "export/exportRun.h"
 
 #include "ExportSession.h"
+#include "ModelGeometry.h"
 
 #include "common/numberText.h"
 
@@ -139,6 +140,35 @@ TEST(Golden, Materials) {
     const std::string model = compose(OutputKind::kImd, createFor("materials"));
     readModelFile(model);
     checkGolden("materials.imd", model);
+}
+
+// All six files; what they play is tested beside the other animation files.
+TEST(Golden, Walk) {
+    ExportSession session;
+    openSample(session, "walk");
+    session.prepareRun("ica_file_out=1;ima_file_out=1;itp_file_out=1;iva_file_out=1;ita_file_out=1;anime_interp=1;"
+                       "frame_step_mode=0");
+    const PathsFromSources paths;
+    run().options.workspaceRoot = "samples/";
+    ASSERT_TRUE(gatherScene());
+    EXPECT_EQ(session.takeMessages(), "");
+    for (const OutputKindRow& row : kOutputKinds) {
+        checkGolden("walk." + std::string(row.extension), compose(row.kind, createFor("walk")));
+    }
+}
+
+// Where the numbers of its skin come from: blends are halves, where two bones meet; every other vertex has one bone.
+TEST(Golden, Golem) {
+    ExportSession session;
+    openSample(session, "golem");
+    session.prepareRun();
+    const PathsFromSources paths;
+    run().options.workspaceRoot = "samples/";
+    ASSERT_TRUE(gatherScene());
+    const std::string model = compose(OutputKind::kImd, createFor("golem"));
+    EXPECT_EQ(session.takeMessages(), "");
+    readModelGeometry(readModelFile(model));
+    checkGolden("golem.imd", model);
 }
 
 // What an artist sees in the file of the sample, whatever the golden says.

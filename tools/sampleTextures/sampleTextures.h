@@ -10,6 +10,7 @@ namespace tvk::samples {
 /// One image file of the samples, and what the exporter is meant to make of it.
 struct SampleTexture {
     std::string_view fileName;
+    std::string_view scene; // that shows it, without extension
     std::string_view format;
     Picture (*paint)(); // what it shows
     FileBytes (*make)();
