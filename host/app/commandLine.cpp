@@ -12,11 +12,9 @@ namespace host::app {
 namespace {
 
 constexpr const char* kFooter =
-    "\nExit status: 0 exported (warnings included), 1 failed, 2 exported with warnings (--strict), 64 wrong usage.\n"
+    "\nExit status: 0 done (warnings included), 1 failed, 2 done with warnings or, with --check, with names that are\n"
+    "too long (--strict), 64 wrong usage.\n"
     "The exporter is tvk_export beside the program or in ../plug-ins; --plugin or TVK_PLUGIN name another.";
-
-/// Words that are understood and belong to a later version.
-constexpr const char* kLaterOptions[] = {"--batch", "--check", "--settings", "--target"};
 
 bool isKind(const std::string& word) {
     return std::any_of(std::begin(kOutputKinds), std::end(kOutputKinds),
@@ -30,6 +28,16 @@ bool isSetting(const std::string& word) {
            word.find(';') == std::string::npos;
 }
 
+void addModes(CLI::App& app, CommandLine& line, std::string& target) {
+    app.add_option("--batch", line.batch, "export the scenes of a list file")->type_name("LIST.z3be");
+    app.add_flag("--check", line.checksNames, "print the names of the scene that are too long for the console");
+    app.add_option("--target", target, "what to check: all (default), or selection: the --select'ed nodes")
+        ->type_name("all|selection");
+    app.add_option("--script", line.script, "run a MEL file after opening the scene, and export nothing by itself")
+        ->type_name("FILE.mel");
+    app.add_option("--command", line.command, "run MEL after opening the scene (after the script)")->type_name("MEL");
+}
+
 void addOptions(CLI::App& app, CommandLine& line) {
     app.add_option("scene", line.scene, "Maya ASCII scene")->type_name("SCENE.ma");
     app.add_option("-o,--output", line.output,
@@ -39,16 +47,15 @@ void addOptions(CLI::App& app, CommandLine& line) {
         ->type_name("KIND,...")
         ->delimiter(',')
         ->allow_extra_args(false);
-    app.add_option("--set", line.settings, "an option of the exporter; may be given again")
+    app.add_option("--settings", line.settingsFile, "take the exporter's options from a settings file")
+        ->type_name("FILE.z3es");
+    app.add_option("--set", line.settings, "an option of the exporter, over those of the file; may be given again")
         ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
     app.add_option("--select", line.nodes, "export these nodes and what is below them")
         ->type_name("NODE,...")
         ->delimiter(',')
         ->allow_extra_args(false);
-    app.add_option("--script", line.script, "run a MEL file after opening the scene, and export nothing by itself")
-        ->type_name("FILE.mel");
-    app.add_option("--command", line.command, "run MEL after opening the scene (after the script)")->type_name("MEL");
     app.add_option("--plugin", line.plugin, "the exporter's library")->type_name("PATH");
     app.add_flag("--strict", line.strict, "exit status 2 when there were warnings");
     app.add_flag("-q,--quiet", line.quiet, "print warnings and errors only");
@@ -62,8 +69,15 @@ ParsedCommandLine wrongUsage(const std::string& error) {
     return result;
 }
 
-/// What is wrong with words that were each understood; "" when nothing is.
-std::string checkCommandLine(const CommandLine& line, bool exportOptions) {
+/// What was given of the options that only some uses of the program take.
+struct GivenOptions {
+    bool output = false; // -o, --kinds, --settings, --set: what an export takes
+    bool select = false;
+    bool target = false;
+};
+
+/// What is wrong with the values of options; "" when nothing is.
+std::string checkValues(const CommandLine& line) {
     const auto badKind = std::find_if_not(line.kinds.begin(), line.kinds.end(), isKind);
     const auto badSetting = std::find_if_not(line.settings.begin(), line.settings.end(), isSetting);
     if (badKind != line.kinds.end()) {
@@ -72,13 +86,58 @@ std::string checkCommandLine(const CommandLine& line, bool exportOptions) {
     if (badSetting != line.settings.end()) {
         return "--set: '" + *badSetting + "' is not KEY=VALUE without further '=' or ';'";
     }
-    if (std::find(line.nodes.begin(), line.nodes.end(), "") != line.nodes.end()) {
-        return "--select: a name is empty";
+    return std::find(line.nodes.begin(), line.nodes.end(), "") != line.nodes.end() ? "--select: a name is empty" : "";
+}
+
+/// What is wrong with options that are given together; "" when nothing is.
+std::string checkUse(const CommandLine& line, const GivenOptions& given) {
+    const bool batches = !line.batch.empty();
+    if (batches + line.checksNames + line.runsScripts() > 1) {
+        return "only one of --batch, --check, and --script with --command, can be asked for";
     }
-    if (line.runsScripts() && exportOptions) {
-        return "--script and --command export nothing: -o, --kinds, --set and --select do not go with them";
+    if (batches && (given.output || given.select || !line.scene.empty())) {
+        return "--batch takes all from its list: SCENE.ma, -o, --kinds, --settings, --set and --select do not go with "
+               "it";
     }
-    return line.scene.empty() && !line.runsScripts() ? "no scene was named" : "";
+    if (line.runsScripts() && (given.output || given.select)) {
+        return "--script and --command export nothing: -o, --kinds, --settings, --set and --select do not go with them";
+    }
+    if (line.checksNames && given.output) {
+        return "--check exports nothing: -o, --kinds, --settings and --set do not go with it";
+    }
+    if (given.target && !line.checksNames) {
+        return "--target goes with --check only";
+    }
+    return line.scene.empty() && !line.runsScripts() && !batches ? "no scene was named" : "";
+}
+
+/// Settles what a check looks at: a selection is given to be looked at. "" on success.
+std::string settleTarget(const std::string& target, const GivenOptions& given, CommandLine& line) {
+    if (!target.empty() && target != "all" && target != "selection") {
+        return "--target: '" + target + "' is neither all nor selection";
+    }
+    if (target == "all" && given.select) {
+        return "--select goes with --target selection";
+    }
+    line.checksSelection = line.checksNames && (target == "selection" || given.select);
+    return "";
+}
+
+/// All that can be wrong with words that were each understood; "" when nothing is.
+std::string checkCommandLine(const CLI::App& app, const std::string& target, CommandLine& line) {
+    const auto isGiven = [&](const char* option) { return app.count(option) != 0; };
+    const GivenOptions given = {isGiven("--output") || isGiven("--kinds") || isGiven("--settings") || isGiven("--set"),
+                                isGiven("--select"), isGiven("--target")};
+    for (const char* option : {"--batch", "--settings", "--target"}) {
+        if (isGiven(option) && app.get_option(option)->as<std::string>().empty()) {
+            return std::string(option) + ": the value is empty";
+        }
+    }
+    std::string error = checkValues(line);
+    if (error.empty()) {
+        error = checkUse(line, given);
+    }
+    return error.empty() ? settleTarget(target, given, line) : error;
 }
 
 } // namespace
@@ -88,11 +147,9 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char* const* argumen
     CLI::App app("Exports a Maya ASCII scene to intermediate files, with no Maya installed.", "tvkexport");
     app.footer(kFooter);
     app.set_version_flag("--version", "tvkexport " TVK_VERSION);
+    std::string target;
     addOptions(app, line);
-    std::string unused;
-    for (const char* later : kLaterOptions) {
-        app.add_option(later, unused, "not in this version")->expected(0, 1)->type_name("...");
-    }
+    addModes(app, line, target);
     try {
         app.parse(argumentCount, arguments);
     } catch (const CLI::CallForHelp&) {
@@ -102,14 +159,7 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char* const* argumen
     } catch (const CLI::ParseError& error) {
         return wrongUsage(error.what());
     }
-    for (const char* later : kLaterOptions) {
-        if (app.count(later) != 0) {
-            return wrongUsage(std::string(later) + " is not in this version");
-        }
-    }
-    const bool exportOptions =
-        app.count("--output") + app.count("--kinds") + app.count("--set") + app.count("--select") != 0;
-    const std::string error = checkCommandLine(line, exportOptions);
+    const std::string error = checkCommandLine(app, target, line);
     if (!error.empty()) {
         return wrongUsage(error);
     }

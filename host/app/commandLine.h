@@ -8,13 +8,17 @@ namespace host::app {
 
 /// What the user asked for. Nothing but the words is checked: no file has been looked at.
 struct CommandLine {
-    std::string scene;                 // "" only when scripts run without one
+    std::string scene;                 // "" only for a batch, and when scripts run without one
     std::string output;                // base path of the files; "" for the scene's name in the current folder
     std::vector<std::string> kinds;    // of files, in the order given; empty for the exporter's default
     std::vector<std::string> settings; // "key=value", for the exporter
     std::vector<std::string> nodes;    // to be exported; empty for the whole scene
+    std::string settingsFile;          // of the exporter's settings, below `kinds` and `settings`; "" for none
     std::string script, command;       // MEL to run instead of an export
-    std::string plugin;                // path of the exporter; "" to look for it
+    std::string batch;                 // list file of a batch to run instead; "" for none
+    bool checksNames = false;          // instead of an export: of the scene, or of the selection alone
+    bool checksSelection = false;
+    std::string plugin; // path of the exporter; "" to look for it
     bool strict = false, quiet = false, noProgress = false;
 
     bool runsScripts() const { return !script.empty() || !command.empty(); }
@@ -41,7 +45,8 @@ inline constexpr OutputKind kOutputKinds[] = {
     {"itp", "itp_file_out"}, {"iva", "iva_file_out"}, {"ita", "ita_file_out"},
 };
 
-/// The option string for the exporter: "key=value;" for each kind, when kinds were chosen, and for each setting.
+/// The option string for the exporter, as far as the command line gives it: "key=value;" for each kind, when kinds were
+/// chosen, and for each setting.
 std::string optionString(const CommandLine& commandLine);
 
 } // namespace host::app

@@ -7,6 +7,7 @@
 #include "host/app/prepareHost.h"
 
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
 namespace host::app {
@@ -15,22 +16,30 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A scene may come with a selection of its own.
-bool selectNodes(Host& host, Console& console, const std::vector<std::string>& nodes) {
-    if (!runMel(host, console, "select -cl")) {
-        return false;
-    }
-    for (const std::string& node : nodes) {
-        if (!runMel(host, console, "select -add " + melString(node))) {
-            return false;
-        }
-    }
-    return true;
+std::string exportCommand(const CommandLine& commandLine, const std::string& options, const std::string& base) {
+    return std::string("file -f ") + (commandLine.nodes.empty() ? "-ea" : "-es") + " -typ " + melString(kExporterType) +
+           " -op " + melString(options) + " " + melString(base);
 }
 
-std::string exportCommand(const CommandLine& commandLine, const std::string& base) {
-    return std::string("file -f ") + (commandLine.nodes.empty() ? "-ea" : "-es") + " -typ " + melString(kExporterType) +
-           " -op " + melString(optionString(commandLine)) + " " + melString(base);
+/// All options: of the settings file and over them those of the command line. Nothing when the file cannot be taken,
+/// which has been told then. Options that mean nothing to the exporter are told as well.
+std::optional<std::string> takeOptions(Host& host, Console& console, const CommandLine& commandLine) {
+    std::string options;
+    if (!commandLine.settingsFile.empty()) {
+        const std::optional<std::string> ofFile = settingsOptions(host, commandLine.settingsFile);
+        if (!ofFile) {
+            console.error("not a settings file: " + commandLine.settingsFile);
+            return std::nullopt;
+        }
+        options = *ofFile;
+    }
+    for (const std::string& setting : commandLine.settings) {
+        const std::string key = setting.substr(0, setting.find('='));
+        if (!isKnownOption(host, key)) {
+            console.warning("--set: the exporter has no option '" + key + "'");
+        }
+    }
+    return options + optionString(commandLine);
 }
 
 /// The base without the ending of a kind, which users may write as well.
@@ -63,11 +72,15 @@ int exportScene(Host& host, Console& console, const CommandLine& commandLine) {
         console.error(problem);
         return kFailed;
     }
-    if (!prepareHost(host, console, commandLine) || !selectNodes(host, console, commandLine.nodes)) {
+    if (!loadExporter(host, console, commandLine)) {
+        return kFailed;
+    }
+    const std::optional<std::string> options = takeOptions(host, console, commandLine);
+    if (!options || !openScene(host, console, commandLine) || !selectNodes(host, console, commandLine.nodes)) {
         return kFailed;
     }
     const OutputFiles files(base);
-    const bool isExported = runMel(host, console, exportCommand(commandLine, base)).has_value();
+    const bool isExported = runMel(host, console, exportCommand(commandLine, *options, base)).has_value();
     for (const WrittenFile& file : files.written()) {
         console.info("Written: " + shownPath(file.path) + " (" + std::to_string(file.lengthBytes) + " bytes)");
     }

@@ -13,6 +13,14 @@ namespace {
 
 constexpr const char* kFolders[] = {"", "../plug-ins/"}; // from the program: as built, as installed
 
+/// A function of the loaded exporter; null when it has none of that name.
+template <typename Function>
+Function exporterFunction(Host& host, const char* name) {
+    const TranslatorEntry* const entry = host.plugins().findTranslator(kExporterType);
+    const Plugin* const plugin = entry != nullptr ? host.plugins().ownerOf(*entry) : nullptr;
+    return plugin != nullptr ? reinterpret_cast<Function>(plugin->library.find(name)) : nullptr;
+}
+
 } // namespace
 
 std::string findExporter(const std::string& named) {
@@ -38,6 +46,22 @@ std::string loadExporter(Host& host, const std::string& path) {
     std::error_code error;
     const std::string file = std::filesystem::absolute(std::filesystem::u8path(path), error).generic_u8string();
     return host.plugins().load(file).error;
+}
+
+bool isKnownOption(Host& host, const std::string& key) {
+    const auto keys = exporterFunction<const char* (*)()>(host, "tvkOptionKeys");
+    return keys == nullptr || (std::string(";") + keys()).find(";" + key + ";") != std::string::npos;
+}
+
+std::optional<std::string> settingsOptions(Host& host, const std::string& path) {
+    const auto read = exporterFunction<const char* (*)(const char*)>(host, "tvkSettingsOptions");
+    const char* const options = read != nullptr ? read(path.c_str()) : nullptr;
+    return options != nullptr ? std::optional<std::string>(options) : std::nullopt;
+}
+
+bool exportWasWarned(Host& host) {
+    const auto wasWarned = exporterFunction<int (*)()>(host, "tvkWarningRaised");
+    return wasWarned != nullptr && wasWarned() != 0;
 }
 
 } // namespace host::app

@@ -1,8 +1,10 @@
 #include "host/app/Console.h"
+#include "host/app/checkNames.h"
 #include "host/app/commandLine.h"
 #include "host/app/exitStatus.h"
 #include "host/app/exportScene.h"
 #include "host/app/process.h"
+#include "host/app/runBatch.h"
 #include "host/app/runScripts.h"
 
 #include <cstddef>
@@ -15,13 +17,24 @@ namespace {
 // Scenes may nest deeper than an ordinary stack is long.
 constexpr std::size_t kStackBytes = sizeof(void*) >= 8 ? std::size_t{512} << 20U : std::size_t{64} << 20U;
 
+using Use = int (*)(host::Host&, host::app::Console&, const host::app::CommandLine&);
+
+Use useOf(const host::app::CommandLine& commandLine) {
+    if (commandLine.runsScripts()) {
+        return host::app::runScripts;
+    }
+    if (!commandLine.batch.empty()) {
+        return host::app::runBatch;
+    }
+    return commandLine.checksNames ? host::app::checkNames : host::app::exportScene;
+}
+
 int runHost(const host::app::CommandLine& commandLine) {
     host::Host& host = host::Host::instance();
     host::app::Console console(
         host, {commandLine.quiet, host::app::isErrorTerminal() && !commandLine.quiet && !commandLine.noProgress});
     try {
-        return commandLine.runsScripts() ? host::app::runScripts(host, console, commandLine)
-                                         : host::app::exportScene(host, console, commandLine);
+        return useOf(commandLine)(host, console, commandLine);
     } catch (const std::bad_alloc&) {
         console.error("out of memory");
     } catch (const std::exception& exception) {

@@ -57,26 +57,42 @@ std::optional<mel::Value> runMel(Host& host, Console& console, const std::string
     return std::nullopt;
 }
 
-bool prepareHost(Host& host, Console& console, const CommandLine& commandLine) {
-    const std::string& scene = commandLine.scene;
+bool loadExporter(Host& host, Console& console, const CommandLine& commandLine) {
     const std::string exporter = findExporter(commandLine.plugin);
     // Scripts need not export anything.
     const bool isNeeded = !exporter.empty() || !commandLine.runsScripts();
-    std::string problem = isNeeded ? loadExporter(host, exporter) : "";
-    if (problem.empty() && !scene.empty()) {
-        problem = checkScene(scene);
-    }
+    const std::string problem = isNeeded ? loadExporter(host, exporter) : "";
     if (!problem.empty()) {
         console.error(problem);
-        return false;
     }
+    return problem.empty();
+}
+
+bool openScene(Host& host, Console& console, const CommandLine& commandLine) {
+    const std::string& scene = commandLine.scene;
     if (scene.empty()) {
         return true;
+    }
+    if (const std::string problem = checkScene(scene); !problem.empty()) {
+        console.error(problem);
+        return false;
     }
     std::error_code error;
     const fs::path path = fs::absolute(fs::u8path(scene), error);
     openProjectOf(host, path.lexically_normal());
     return runMel(host, console, "file -f -o " + melString(path.generic_u8string())).has_value();
+}
+
+bool selectNodes(Host& host, Console& console, const std::vector<std::string>& nodes) {
+    if (!runMel(host, console, "select -cl")) {
+        return false;
+    }
+    for (const std::string& node : nodes) {
+        if (!runMel(host, console, "select -add " + melString(node))) {
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace host::app

@@ -5,13 +5,21 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace host::app {
 
-/// Loads the exporter, which scripts may lack, and opens the scene, if one was named, within its project: the nearest
-/// folder around it that has a "workspace.mel", unless $MAYA_PROJECT names another. False when one of them failed,
-/// which has been told then.
-[[nodiscard]] bool prepareHost(Host& host, Console& console, const CommandLine& commandLine);
+// Each is false when it failed, which has been told then.
+
+/// Loads the exporter, which scripts may lack.
+[[nodiscard]] bool loadExporter(Host& host, Console& console, const CommandLine& commandLine);
+
+/// Opens the scene, if one was named, within its project: the nearest folder around it that has a "workspace.mel",
+/// unless $MAYA_PROJECT names another.
+[[nodiscard]] bool openScene(Host& host, Console& console, const CommandLine& commandLine);
+
+/// Selects these nodes and no others; a scene may come with a selection of its own.
+[[nodiscard]] bool selectNodes(Host& host, Console& console, const std::vector<std::string>& nodes);
 
 /// Runs MEL whose failure is told once: in the words of whoever failed, or else in MEL's. Nothing when it failed.
 std::optional<mel::Value> runMel(Host& host, Console& console, const std::string& script);

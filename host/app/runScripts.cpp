@@ -50,7 +50,7 @@ bool isDone(Console& console, const mel::EvalResult& result, const ExitCode& exi
 } // namespace
 
 int runScripts(Host& host, Console& console, const CommandLine& commandLine) {
-    if (!prepareHost(host, console, commandLine)) {
+    if (!loadExporter(host, console, commandLine) || !openScene(host, console, commandLine)) {
         return kFailed;
     }
     mel::Interpreter& interpreter = host.interpreter();

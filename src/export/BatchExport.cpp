@@ -112,6 +112,9 @@ MStatus BatchExport::run(const std::string& listPath) {
         return fail(kCantOpenFile, list);
     }
     const MStatus status = readLines(in);
+    if (wasWarned) {
+        raiseWarning();
+    }
     if (status) {
         std::cerr << kBatchFinished << integerText(exported).view() << (exported == 1 ? " scene." : " scenes.") << '\n';
     }
@@ -157,11 +160,13 @@ MStatus BatchExport::takeInputFolder(const BatchLine& line) {
     }
     const std::string ofProject = sceneFolderOfProject();
     sceneFolder = ofProject.empty() ? scene.inputFolder : scene.inputFolder + "/" + ofProject;
+    wholeSceneFolder = absolutePath(sceneFolder);
     return MS::kSuccess;
 }
 
 MStatus BatchExport::takeOutputFolder(const BatchLine& line) {
     scene.outputFolder = withoutFinalSlashes(line.value);
+    wholeOutputFolder = absolutePath(scene.outputFolder);
     return createFolder(scene.outputFolder) ? MStatus(MS::kSuccess) : isWrong(line.keyword, scene.outputFolder);
 }
 
@@ -188,11 +193,10 @@ MStatus BatchExport::takeScene(const BatchLine& line) {
     if (!status) {
         return status;
     }
-    const std::string path = sceneFolder + "/" + scene.scene;
-    std::cerr << sceneRule(scene.number) << "# scene: " << path << std::endl;
+    std::cerr << sceneRule(scene.number) << "# scene: " << sceneFolder << '/' << scene.scene << std::endl;
     status = log.empty() ? status : logScene();
     if (status) {
-        status = openScene(path);
+        status = openScene();
     }
     const std::vector<std::string> roots = splitRoots(scene.roots);
     if (status && !scene.roots.empty()) {
@@ -246,20 +250,23 @@ MStatus BatchExport::logScene() const {
     return writeLog(log, WriteMode::kAppend, batchSceneHead(scene));
 }
 
-MStatus BatchExport::openScene(const std::string& path) const {
-    return runsInHost("file -f -o " + melQuoted(path)) ? MStatus(MS::kSuccess)
-                                                       : isWrong(BatchKeyword::kScene, scene.scene);
+MStatus BatchExport::openScene() const {
+    return runsInHost("file -f -o " + melQuoted(wholeSceneFolder + "/" + scene.scene))
+               ? MStatus(MS::kSuccess)
+               : isWrong(BatchKeyword::kScene, scene.scene);
 }
 
-MStatus BatchExport::exportScene(bool selectionOnly) const {
+MStatus BatchExport::exportScene(bool selectionOnly) {
     std::string options = optionString + "batch_flag=1;";
     if (!log.empty()) {
         options += "batch_log_path=" + log + ";";
     }
     const std::string command = std::string("file -f ") + (selectionOnly ? "-es" : "-ea") + " -typ " +
                                 melQuoted(kTranslatorName) + " -op " + melQuoted(options) + " " +
-                                melQuoted(scene.outputFolder + "/" + scene.base);
-    return runsInHost(command) ? MStatus(MS::kSuccess) : fail(kFailedToExport);
+                                melQuoted(wholeOutputFolder + "/" + scene.base);
+    const bool isExported = runsInHost(command);
+    wasWarned = wasWarned || warningRaised();
+    return isExported ? MStatus(MS::kSuccess) : fail(kFailedToExport);
 }
 
 } // namespace tvk

@@ -15,7 +15,8 @@ namespace tvk {
 class BatchExport {
 public:
     /// Fails, with a message on standard error, at the first line that cannot be followed; what was exported before
-    /// stays. The exports' own messages go to the list's log, if it names one.
+    /// stays. The exports' own messages go to the list's log, if it names one. In the end the run's warning flag is up
+    /// when that of some export was.
     MStatus run(const std::string& listPath);
 
 private:
@@ -34,17 +35,20 @@ private:
     MStatus checkGiven();
     MStatus readSettingsFile();
     MStatus logScene() const;
-    MStatus openScene(const std::string& path) const;
-    MStatus exportScene(bool selectionOnly) const;
+    MStatus openScene() const;
+    MStatus exportScene(bool selectionOnly);
 
     std::string list;
     std::string log; // empty: none
     bool mayTakeLog = true;
     std::string sceneFolder; // the input folder, or the folder within it that its project has for scenes
+    // What the host gets: it would look for relative paths in its project.
+    std::string wholeSceneFolder, wholeOutputFolder;
     std::string optionString;
     bool settingsAreNew = false; // to be read before the next scene
     BatchScene scene;            // what holds for the next one
     int64_t exported = 0;
+    bool wasWarned = false; // of some export
 };
 
 } // namespace tvk

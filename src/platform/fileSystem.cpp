@@ -1,5 +1,7 @@
 #include "platform/fileSystem.h"
 
+#include <system_error>
+
 namespace tvk {
 
 bool openForWriting(std::ofstream& out, const std::string& path, WriteMode mode) {
@@ -8,6 +10,13 @@ bool openForWriting(std::ofstream& out, const std::string& path, WriteMode mode)
         return false;
     out.open(systemPath(path), mode == WriteMode::kAppend ? std::ios_base::app : std::ios_base::trunc);
     return out.is_open();
+}
+
+std::string absolutePath(const std::string& path) {
+    const std::filesystem::path given = systemPath(path);
+    std::error_code error;
+    const std::filesystem::path whole = given.is_relative() ? std::filesystem::absolute(given, error) : given;
+    return error || !given.is_relative() ? path : whole.generic_u8string();
 }
 
 } // namespace tvk

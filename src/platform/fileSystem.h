@@ -13,6 +13,9 @@ namespace tvk {
 // taken from the user's code page), the same bytes elsewhere.
 std::filesystem::path systemPath(const std::string& path);
 
+// The path from the root on: one that is relative is seen from where the program runs. Others stay as they are.
+std::string absolutePath(const std::string& path);
+
 // Something of that name exists that is not a folder.
 bool fileExists(const std::string& path);
 

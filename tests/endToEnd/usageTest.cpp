@@ -61,22 +61,27 @@ INSTANTIATE_TEST_SUITE_P(
                 64,
                 std::string("The following argument was not expected: --nonsense") + kMore},
         Refused{"UnknownKind", {"scene.ma", "--kinds", "xyz"}, 64, std::string("--kinds: unknown kind 'xyz'") + kMore},
-        Refused{"Batch", {"--batch", "l.z3be"}, 64, std::string("--batch is not in this version") + kMore},
-        Refused{"Check", {"--check", "scene.ma"}, 64, std::string("--check is not in this version") + kMore},
-        Refused{"Settings",
-                {"scene.ma", "--settings", "f.z3es"},
+        Refused{"BatchOfAScene",
+                {"--batch", "l.z3be", "scene.ma"},
                 64,
-                std::string("--settings is not in this version") + kMore},
+                std::string("--batch takes all from its list: SCENE.ma, -o, --kinds, --settings, --set and --select do "
+                            "not go with it") +
+                    kMore},
+        Refused{"CheckOfNothing", {"--check"}, 64, std::string("no scene was named") + kMore},
+        Refused{"CheckOfSome",
+                {"--check", "scene.ma", "--target", "some"},
+                64,
+                std::string("--target: 'some' is neither all nor selection") + kMore},
         Refused{"NoSetting",
                 {"scene.ma", "--set", "magnify"},
                 64,
                 std::string("--set: 'magnify' is not KEY=VALUE without further '=' or ';'") + kMore},
-        Refused{
-            "ScriptWithOutput",
-            {"scene.ma", "--script", "fails.mel", "-o", "x"},
-            64,
-            std::string("--script and --command export nothing: -o, --kinds, --set and --select do not go with them") +
-                kMore}),
+        Refused{"ScriptWithOutput",
+                {"scene.ma", "--script", "fails.mel", "-o", "x"},
+                64,
+                std::string("--script and --command export nothing: -o, --kinds, --settings, --set and --select do not "
+                            "go with them") +
+                    kMore}),
     [](const auto& row) { return row.param.name; });
 
 INSTANTIATE_TEST_SUITE_P(
@@ -85,6 +90,12 @@ INSTANTIATE_TEST_SUITE_P(
         Refused{"NoKind", {"scene.ma", "--set", "imd_file_out=0"}, 1, "No output file"},
         Refused{"MissingNode", {"scene.ma", "--select", "none"}, 1, "No object matches name: none"},
         Refused{"MissingNodeAmongOthers", {"scene.ma", "--select", "a,none"}, 1, "No object matches name: none"},
+        Refused{"MissingSettings", {"scene.ma", "--settings", "f.z3es"}, 1, "not a settings file: f.z3es"},
+        Refused{"SettingsThatAreNone", {"scene.ma", "--settings", "scene.ma"}, 1, "not a settings file: scene.ma"},
+        Refused{"MissingList", {"--batch", "l.z3be"}, 1, "Can't open file: l.z3be"},
+        Refused{"ListThatIsNone", {"--batch", "scene.ma"}, 1, "z3be file is wrong"},
+        Refused{"CheckOfAMissingScene", {"--check", "none.ma"}, 1, "the scene does not exist: none.ma"},
+        Refused{"CheckOfAMissingNode", {"--check", "scene.ma", "--select", "none"}, 1, "No object matches name: none"},
         Refused{"MissingPlugin", {"scene.ma", "--plugin", "none.so"}, 1, "Plug-in, \"@/none.so\", was not found"},
         Refused{"MissingScript", {"--script", "none.mel"}, 1, "Cannot find file \"@/none.mel\" for source statement."},
         Refused{"FailingScript", {"scene.ma", "--script", "fails.mel"}, 1, "@/fails.mel, line 2, column 1: wanted"},
@@ -164,14 +175,34 @@ TEST(Settings, ReachTheExporter) {
     EXPECT_EQ(model.node("a").translate, Imath::V3d(2, 4, 6));
 }
 
-// The exporter's option string comes from scripts of many versions: it passes over what it does not know, and takes a
-// magnification that is none for 1.
+TEST(Settings, OfAFileStandBelowThoseOfTheLine) {
+    const FinishedProgram program;
+    program.write("scene.ma", sceneOf(nodeText("transform", "a", "", set3("t", 1, 2, 3))));
+    program.write("f.z3es", "# TVK_Export settings\r\nmagnify=\"2\"\r\noutput_ica=\"on\"\r\n");
+    ASSERT_EQ(program.run({"scene.ma", "--settings", "f.z3es"}).status, 0);
+    EXPECT_EQ(readModelFile(program.bytes("scene.imd")).info->value("magnify"), "2.000000");
+    EXPECT_THAT(program.names(), ElementsAre("f.z3es", "scene.ica", "scene.imd", "scene.ma"));
+    ASSERT_EQ(
+        program.run({"scene.ma", "--settings", "f.z3es", "--set", "magnify=3", "--kinds", "imd", "-o", "x"}).status, 0);
+    EXPECT_EQ(readModelFile(program.bytes("x.imd")).info->value("magnify"), "3.000000");
+    EXPECT_THAT(program.names(), ElementsAre("f.z3es", "scene.ica", "scene.imd", "scene.ma", "x.imd"));
+}
+
+TEST(Settings, OfAnUnknownKeyAreWarnedOf) {
+    const FinishedProgram program;
+    program.write("scene.ma", sceneOf(nodeText("transform", "a")));
+    const ProgramRun run = program.run({"scene.ma", "--set", "nonsense=1", "--set", "magnify=2", "--strict"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(run.errorLines(), ElementsAre("Warning: --set: the exporter has no option 'nonsense'"));
+    EXPECT_EQ(readModelFile(program.bytes("scene.imd")).info->value("magnify"), "2.000000");
+}
+
+// The exporter takes a magnification that is none for 1.
 TEST(Settings, ThatMakeNoSenseChangeNothing) {
     const FinishedProgram program;
     program.write("scene.ma", sceneOf(nodeText("transform", "a", "", set3("t", 1, 2, 3))));
     ASSERT_EQ(program.run({"scene.ma", "-o", "plain"}).status, 0);
-    for (const char* setting :
-         {"nonsense=1", "magnify=x", "magnify=-1", "magnify=nan", "magnify=", "start_frame=1e999"}) {
+    for (const char* setting : {"magnify=x", "magnify=-1", "magnify=nan", "magnify=", "start_frame=1e999"}) {
         const ProgramRun run = program.run({"scene.ma", "-q", "--set", setting});
         EXPECT_EQ(run.status, 0) << setting;
         EXPECT_THAT(run.errorLines(), IsEmpty()) << setting;

@@ -43,15 +43,31 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"a.ma", "--set", "=2"}, "--set: '=2' is not KEY=VALUE without further '=' or ';'"},
         WrongUsage{{"a.ma", "--set", "a=b=c"}, "--set: 'a=b=c' is not KEY=VALUE without further '=' or ';'"},
         WrongUsage{{"a.ma", "--set", "a=1;b=2"}, "--set: 'a=1;b=2' is not KEY=VALUE without further '=' or ';'"},
-        WrongUsage{{"a.ma", "--batch", "list"}, "--batch is not in this version"},
-        WrongUsage{{"--batch"}, "--batch is not in this version"},
-        WrongUsage{{"--check", "a.ma"}, "--check is not in this version"},
-        WrongUsage{{"a.ma", "--settings", "x.z3es"}, "--settings is not in this version"},
-        WrongUsage{{"a.ma", "--target", "all"}, "--target is not in this version"},
-        WrongUsage{{"a.ma", "--command", "x", "--set", "a=1"},
-                   "--script and --command export nothing: -o, --kinds, --set and --select do not go with them"},
-        WrongUsage{{"a.ma", "--script", "x.mel", "-o", "b"},
-                   "--script and --command export nothing: -o, --kinds, --set and --select do not go with them"}));
+        WrongUsage{{"--batch"}, "--batch: 1 required LIST.z3be missing"},
+        WrongUsage{{"--batch", ""}, "--batch: the value is empty"},
+        WrongUsage{{"a.ma", "--settings", ""}, "--settings: the value is empty"},
+        WrongUsage{{"a.ma", "--batch", "list"},
+                   "--batch takes all from its list: SCENE.ma, -o, --kinds, --settings, --set and --select do not go "
+                   "with it"},
+        WrongUsage{{"--batch", "list", "--settings", "x.z3es"},
+                   "--batch takes all from its list: SCENE.ma, -o, --kinds, --settings, --set and --select do not go "
+                   "with it"},
+        WrongUsage{{"--batch", "list", "--check"},
+                   "only one of --batch, --check, and --script with --command, can be asked for"},
+        WrongUsage{{"a.ma", "--check", "--command", "x"},
+                   "only one of --batch, --check, and --script with --command, can be asked for"},
+        WrongUsage{{"--check"}, "no scene was named"},
+        WrongUsage{{"a.ma", "--check", "-o", "x"},
+                   "--check exports nothing: -o, --kinds, --settings and --set do not go with it"},
+        WrongUsage{{"a.ma", "--target", "all"}, "--target goes with --check only"},
+        WrongUsage{{"a.ma", "--check", "--target", "some"}, "--target: 'some' is neither all nor selection"},
+        WrongUsage{{"a.ma", "--check", "--target", "all", "--select", "a"}, "--select goes with --target selection"},
+        WrongUsage{
+            {"a.ma", "--command", "x", "--set", "a=1"},
+            "--script and --command export nothing: -o, --kinds, --settings, --set and --select do not go with them"},
+        WrongUsage{
+            {"a.ma", "--script", "x.mel", "-o", "b"},
+            "--script and --command export nothing: -o, --kinds, --settings, --set and --select do not go with them"}));
 
 TEST(commandLine, everythingCanBeAskedFor) {
     const ParsedCommandLine parsed =
@@ -74,6 +90,39 @@ TEST(commandLine, scriptsNeedNoScene) {
     ASSERT_TRUE(parsed.commandLine.has_value());
     EXPECT_TRUE(parsed.commandLine->runsScripts());
     EXPECT_TRUE(parse({"--script", "x.mel", "a.ma"}).commandLine.has_value());
+}
+
+TEST(commandLine, aBatchNeedsNoScene) {
+    const ParsedCommandLine parsed = parse({"--batch", "list.z3be", "--strict"});
+    ASSERT_TRUE(parsed.commandLine.has_value()) << parsed.error;
+    EXPECT_EQ(parsed.commandLine->batch, "list.z3be");
+    EXPECT_EQ(parsed.commandLine->scene, "");
+}
+
+TEST(commandLine, namesAreCheckedOfAllOrOfASelection) {
+    struct Case {
+        std::vector<const char*> arguments;
+        bool ofSelection;
+    };
+    const Case cases[] = {{{"--check", "a.ma"}, false},
+                          {{"a.ma", "--check", "--target", "all"}, false},
+                          {{"--check", "a.ma", "--target", "selection"}, true},
+                          {{"--check", "a.ma", "--target", "selection", "--select", "b"}, true},
+                          {{"--check", "a.ma", "--select", "b"}, true}};
+    for (const Case& c : cases) {
+        const ParsedCommandLine parsed = parse(c.arguments);
+        ASSERT_TRUE(parsed.commandLine.has_value()) << parsed.error;
+        EXPECT_TRUE(parsed.commandLine->checksNames);
+        EXPECT_EQ(parsed.commandLine->scene, "a.ma");
+        EXPECT_EQ(parsed.commandLine->checksSelection, c.ofSelection);
+    }
+}
+
+TEST(commandLine, settingsComeFromAFileAndFromTheLine) {
+    const ParsedCommandLine parsed = parse({"a.ma", "--settings", "f.z3es", "--set", "magnify=2"});
+    ASSERT_TRUE(parsed.commandLine.has_value()) << parsed.error;
+    EXPECT_EQ(parsed.commandLine->settingsFile, "f.z3es");
+    EXPECT_THAT(parsed.commandLine->settings, ElementsAre("magnify=2"));
 }
 
 TEST(commandLine, helpAndVersionAreAnswers) {

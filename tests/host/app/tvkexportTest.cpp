@@ -78,8 +78,10 @@ TEST_P(FailingRunTest, isToldInOneLineAndLeavesNoFile) {
 INSTANTIATE_TEST_SUITE_P(
     Runs, FailingRunTest,
     testing::Values(FailingRun{"", 64, "Error: no scene was named (tvkexport --help tells more)\n"},
-                    FailingRun{"--batch list.z3be", 64,
-                               "Error: --batch is not in this version (tvkexport --help tells more)\n"},
+                    FailingRun{"--batch list.z3be scene.ma", 64, "Error: --batch takes all from its list: "},
+                    FailingRun{"--batch list.z3be", 1, "Error: "} /* this exporter has no such command */,
+                    FailingRun{"scene.ma --check", 1, "Error: "},
+                    FailingRun{"scene.ma --settings f.z3es", 1, "Error: not a settings file: f.z3es\n"},
                     FailingRun{"none.ma", 1, "Error: the scene does not exist: none.ma\n"},
                     FailingRun{"folder.ma", 1, "Error: the scene is a folder: folder.ma\n"},
                     FailingRun{"binary.mb", 1, "Error: only Maya ASCII scenes (.ma) can be read: binary.mb\n"},
