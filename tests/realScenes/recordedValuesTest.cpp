@@ -70,7 +70,7 @@ TEST(RealScene, TellsWhichNodesThatMoveThingsAreNotEvaluated) {
     HostSession session;
     ASSERT_TRUE(session.melRuns("file -f -o \"" TVK_SCENES "/trax-character/ComplexAnim1.ma\""));
     EXPECT_THAT(session.warnings, testing::Contains("node type 'clipScheduler' is not supported: "
-                                                    "joint1.character_setScheduler1 keeps its stored values"));
+                                                    "character.character_setScheduler1 keeps its stored values"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Corpus, RecordedValues, testing::ValuesIn(recordedScenes()), testName);
