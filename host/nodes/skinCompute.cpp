@@ -85,7 +85,8 @@ private:
             return;
         }
         for (std::size_t row = 0; row < (*held)->rowCount(); ++row) {
-            add((*held)->logicalIndex(row), (*held)->value(row, 0));
+            const std::int32_t influence = (*held)->logicalIndex(row); // asked first: it brings rows into their order
+            add(influence, (*held)->value(row, 0));
         }
     }
 

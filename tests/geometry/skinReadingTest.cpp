@@ -80,6 +80,20 @@ TEST_F(SkinReading, TurnsWeightsIntoPercentagesThatNeedNotAddUp) {
     EXPECT_EQ(session.takeMessages(), "");
 }
 
+// A file may name a vertex's influences in any order.
+TEST_F(SkinReading, TakesWeightsThatAreStoredOutOfOrder) {
+    SkinSpec skin;
+    skin.influences = names(2);
+    for (int vertex = 0; vertex < 4; ++vertex) {
+        const std::string place = "setAttr \".wl[" + std::to_string(vertex) + "].w[";
+        skin.attributes += place + "1]\" 0.7; " + place + "0]\" 0.3; ";
+    }
+    ASSERT_TRUE(session.readShapesOf(deformedNode("body", square()) + joints(2) + skinText(skin)));
+    EXPECT_EQ(session.binding(0), "joint1 30, joint2 70");
+    EXPECT_EQ(session.binding(3), "joint1 30, joint2 70");
+    EXPECT_EQ(session.takeMessages(), "");
+}
+
 TEST_F(SkinReading, DropsAWeightThatRoundsToNothingAndKeepsTheOthers) {
     ASSERT_TRUE(session.readShapesOf(skinned({{0.004, 0.996, 0}, {0.004, 0.498, 0.498}, {1, 0, 0}, {1, 0, 0}})));
     EXPECT_EQ(session.binding(0), "joint2 100");
