@@ -24,6 +24,8 @@ void registerSelectionCommands(mel::CommandTable& commands, Scene& scene);
 void registerListCommands(mel::CommandTable& commands, Scene& scene);
 void registerTimeCommands(mel::CommandTable& commands, Scene& scene);
 void registerFileCommands(mel::CommandTable& commands, Scene& scene);
+void registerTextFileCommands(mel::CommandTable& commands);
+void registerFileSystemCommands(mel::CommandTable& commands, Scene& scene);
 void registerWorkspaceCommands(mel::CommandTable& commands, Scene& scene);
 void registerInterfaceCommands(mel::CommandTable& commands, Scene& scene);
 void registerHostCommands(mel::CommandTable& commands, Scene& scene, const HostFacts& facts);

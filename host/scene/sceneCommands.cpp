@@ -20,6 +20,8 @@ void registerSceneCommands(mel::CommandTable& commands, Scene& scene, const Host
     registerListCommands(commands, scene);
     registerTimeCommands(commands, scene);
     registerFileCommands(commands, scene);
+    registerTextFileCommands(commands);
+    registerFileSystemCommands(commands, scene);
     registerWorkspaceCommands(commands, scene);
     registerInterfaceCommands(commands, scene);
     registerHostCommands(commands, scene, facts);

@@ -22,7 +22,8 @@ struct HostFacts {
 ///   connections connectAttr disconnectAttr isConnected connectionInfo listConnections
 ///   selection   select ls
 ///   time        currentTime currentUnit playbackOptions
-///   files       file workspace
+///   files       file workspace filetest sysFile
+///   text files  fopen fclose fprint fgetline fgetword fread feof fflush frewind
 ///   interface   callbacks editorTemplate showEditor refreshEditorTemplates (an attribute editor without windows)
 ///   host        about optionVar
 ///

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <iterator>
 #include <string>
 
@@ -128,6 +129,14 @@ TEST(FileSystem, NamesInUtf8Work) {
 
 TEST(FileSystem, TheTemporaryFolderHasNoSeparatorAdded) {
     EXPECT_TRUE(folderExists(tempFolder())) << tempFolder();
+}
+
+TEST(FileSystem, RelativePathsAreSeenFromWhereTheProgramRuns) {
+    const std::string here = std::filesystem::current_path().generic_u8string();
+    EXPECT_EQ(absolutePath("a/b"), here + "/a/b");
+    EXPECT_EQ(absolutePath("\xE3\x82\xBD"), here + "/\xE3\x82\xBD");
+    const std::string whole = here + "//x/../y";
+    EXPECT_EQ(absolutePath(whole), whole) << "as it stands";
 }
 
 } // namespace
