@@ -53,11 +53,7 @@ public:
         uvSet = sets.length() == 0 ? MString("map1") : sets[0];
         mesh.getPoints(points);
         mesh.getFaceVertexColors(colors);
-        MObjectArray groups;
-        mesh.getConnectedShaders(shape.isInstanced() ? shape.instanceNumber() : 0, groups, shaderOfFace);
-        for (unsigned int i = 0; i < groups.length(); ++i) {
-            shaders.push_back(shaderOf(groups[i]));
-        }
+        readShaders(shape.isInstanced() ? shape.instanceNumber() : 0);
     }
 
     std::vector<SceneFace> all() {
@@ -69,13 +65,32 @@ public:
     }
 
 private:
+    // The host also names the groups of faces that no group of this instance has, which are for its own display.
+    void readShaders(unsigned int instance) {
+        MObjectArray groups;
+        MObjectArray own;
+        MObjectArray members;
+        mesh.getConnectedShaders(instance, groups, shaderOfFace);
+        mesh.getConnectedSetsAndMembers(instance, own, members, true);
+        for (unsigned int i = 0; i < groups.length(); ++i) {
+            bool isOwn = false;
+            for (unsigned int k = 0; k < own.length(); ++k) {
+                isOwn = isOwn || own[k] == groups[i];
+            }
+            shaders.push_back(isOwn ? std::optional<std::string>(shaderOf(groups[i])) : std::nullopt);
+        }
+    }
+
     SceneFace make(int number) {
         SceneFace face;
         face.mesh = name;
         face.number = number;
         const int shader =
             static_cast<unsigned>(number) < shaderOfFace.length() ? shaderOfFace[static_cast<unsigned>(number)] : -1;
-        face.shader = shader < 0 ? "" : shaders.at(static_cast<std::size_t>(shader));
+        const std::optional<std::string> shaderName =
+            shader < 0 ? std::nullopt : shaders.at(static_cast<std::size_t>(shader));
+        face.inGroup = shaderName.has_value();
+        face.shader = shaderName.value_or("");
         MIntArray vertices;
         MFloatVectorArray normals;
         mesh.getPolygonVertices(number, vertices);
@@ -124,7 +139,7 @@ private:
     MColorArray colors;
     unsigned int cornersMade = 0;
     MIntArray shaderOfFace;
-    std::vector<std::string> shaders;
+    std::vector<std::optional<std::string>> shaders;
 };
 
 } // namespace

@@ -26,7 +26,8 @@ struct SceneCorner {
 struct SceneFace {
     std::string mesh; // path of the shape
     int number = 0;
-    std::string shader; // "" when the face belongs to no shading group
+    bool inGroup = false; // belongs to a shading group
+    std::string shader;   // of that group; "" when it has none
     std::vector<SceneCorner> corners;
 };
 
