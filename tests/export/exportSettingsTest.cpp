@@ -294,5 +294,32 @@ TEST(ExportSettings, SomeDefaultsDifferFromThoseOfOptionStrings) {
                 ElementsAre("interpolation", "tolerance_translate", "tolerance_color", "tolerance_tex_translate"));
 }
 
+// The guide's table has the same rows in the same order.
+TEST(ExportSettings, TheGuideNamesEveryKey) {
+    std::ifstream in(TVK_SOURCE_DIR "/docs/settings.md");
+    std::vector<std::string> rows;
+    for (std::string line; std::getline(in, line);) {
+        if (line.rfind("| `", 0) == 0) {
+            rows.push_back(line);
+        }
+    }
+    ASSERT_EQ(rows.size(), kSettingRows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const SettingRow& row = kSettingRows.at(i);
+        EXPECT_THAT(rows[i], testing::StartsWith("| `" + std::string(row.key) + "` |"));
+        EXPECT_THAT(rows[i], HasSubstr("| `" + std::string(row.optionKey) + "` |"));
+        std::string shown(row.defaultText);
+        if (row.type == SettingType::kSwitch) {
+            shown = shown == "1" ? "on" : "off";
+        } else if (row.type == SettingType::kWords) {
+            shown = row.words.at(static_cast<std::size_t>(shown[0] - '0'));
+        }
+        EXPECT_THAT(rows[i], testing::EndsWith("| " + shown + " |"));
+        for (const std::string_view word : row.words) {
+            EXPECT_THAT(rows[i], HasSubstr(word));
+        }
+    }
+}
+
 } // namespace
 } // namespace tvk

@@ -1,0 +1,72 @@
+// The files that the guides show are real: lists and settings do what is said, and the log comes out as it stands
+// there.
+
+#include "FinishedProgram.h"
+#include "ModelFile.h"
+#include "sceneText.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <string>
+
+namespace tvk {
+namespace {
+
+using testing::ElementsAre;
+
+std::string guide(const std::string& name) {
+    std::ifstream in(TVK_DOCS "/" + name);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+// The block between fences that begins with these words; a test failure when there is none.
+std::string blockOf(const std::string& guideName, const std::string& begin) {
+    const std::string text = guide(guideName);
+    const std::size_t start = text.find("\n```\n" + begin);
+    EXPECT_NE(start, std::string::npos) << guideName << ": " << begin;
+    const std::size_t from = start + 5;
+    return text.substr(from, text.find("```", from) - from);
+}
+
+// The log without what differs from machine to machine.
+std::string everywhere(std::string log) {
+    for (const char* word : {"user", "host", "date"}) {
+        log = std::regex_replace(log, std::regex(std::string("# ") + word + ": .*\n"), std::string("# ") + word + "\n");
+    }
+    return log;
+}
+
+TEST(Guides, TheBatchThatIsShownGivesTheLogThatIsShown) {
+    const FinishedProgram program;
+    std::filesystem::create_directories(program.path("scenes"));
+    std::filesystem::create_directories(program.path("settings"));
+    program.write("scenes/house.ma", sceneOf(nodeText("transform", "house")));
+    program.write("scenes/tree.ma", sceneOf(nodeText("transform", "leaves_of_the_oak")));
+    program.write("scenes/man.ma",
+                  sceneOf(nodeText("joint", "hips") + nodeText("transform", "hat") + nodeText("transform", "floor")));
+    program.write("settings/model.z3es", "# TVK_Export settings\noutput_imd=\"on\"\n");
+    program.write("settings/walk.z3es", "# TVK_Export settings\noutput_imd=\"on\"\noutput_ica=\"on\"\n");
+    program.write("list.z3be", blockOf("batch.md", "# TVK_Batch_Export"));
+    const ProgramRun run = program.run({"--batch", "list.z3be"});
+    EXPECT_EQ(run.status, 0) << run.error;
+    EXPECT_EQ(everywhere(program.bytes("log.txt")), everywhere(blockOf("batch.md", "# Log of TVK_Batch_Export")));
+    EXPECT_NE(guide("batch.md").find("    " + run.errorLines().back() + "\n"), std::string::npos);
+    EXPECT_THAT(program.names("out"), ElementsAre("house.imd", "man_walk.ica", "man_walk.imd", "oak.imd"));
+    EXPECT_THAT(readModelFile(program.bytes("out/man_walk.imd")).names(), ElementsAre("world_root", "hat", "hips"));
+}
+
+TEST(Guides, TheSettingsThatAreShownAreTaken) {
+    const FinishedProgram program;
+    program.write("scene.ma", sceneOf(nodeText("transform", "a", "", set3("t", 1, 0, 0)) + playback(1, 60)));
+    program.write("f.z3es", blockOf("settings.md", "# TVK_Export settings"));
+    ASSERT_EQ(program.run({"scene.ma", "--settings", "f.z3es"}).status, 0);
+    EXPECT_THAT(program.names(), ElementsAre("f.z3es", "scene.ica", "scene.imd", "scene.ma"));
+    EXPECT_EQ(readModelFile(program.bytes("scene.imd")).info->value("magnify"), "2.000000");
+}
+
+} // namespace
+} // namespace tvk
