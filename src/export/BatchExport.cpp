@@ -155,7 +155,7 @@ MStatus BatchExport::takeLog(const BatchLine& line) {
 
 MStatus BatchExport::takeInputFolder(const BatchLine& line) {
     scene.inputFolder = withoutFinalSlashes(line.value);
-    if (!folderExists(scene.inputFolder) || !runsInHost("workspace -o " + melQuoted(scene.inputFolder))) {
+    if (!folderExists(scene.inputFolder) || !runsInHost("workspace -o " + melQuoted(absolutePath(scene.inputFolder)))) {
         return isWrong(line.keyword, scene.inputFolder);
     }
     const std::string ofProject = sceneFolderOfProject();

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <future>
@@ -186,6 +187,17 @@ TEST(ExecProcess, ALineThatCannotBeStartedIsTold) {
     testing::internal::CaptureStderr();
     EXPECT_EQ(execProcess(line, ProcessWindow::kHidden, succeeded), 1);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Error: My exec process create: " + line + "\n");
+    EXPECT_FALSE(succeeded);
+}
+
+// A host that does not want to hear of its children loses how they ended.
+TEST(ExecProcess, AnExitCodeThatIsLostIsTold) {
+    const auto handler = std::signal(SIGCHLD, SIG_IGN);
+    bool succeeded = true;
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(execProcess("exit 0", ProcessWindow::kHidden, succeeded), 1);
+    std::signal(SIGCHLD, handler);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Error: My exec process get exit code: exit 0\n");
     EXPECT_FALSE(succeeded);
 }
 
