@@ -33,6 +33,15 @@ void GeometryExport::poseAsTheHost() {
     poseModel(file, worlds, model);
 }
 
+void GeometryExport::play(const AnimationFile& animation, int frame) {
+    std::vector<Imath::M44d> worlds;
+    for (const ModelNode& node : posed(file, animation, static_cast<std::size_t>(frame))) {
+        worlds.push_back(node.world);
+    }
+    poseModel(file, worlds, model);
+    session.mel("currentTime " + std::to_string(frame + file.info->integer("tool_start_frame")));
+}
+
 void GeometryExport::expectDrawnAs(const std::vector<SceneFace>& faces, double position) const {
     FaceTolerance tolerance;
     tolerance.position = position;

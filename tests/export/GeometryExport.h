@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AnimationFile.h"
 #include "ExportSession.h"
 #include "ModelGeometry.h"
 #include "SceneFaces.h"
@@ -25,6 +26,8 @@ protected:
 
     /// Moves what was read as the host's nodes stand now.
     void poseAsTheHost();
+    /// Moves it as a player of model.ica does, and the host to the same frame; frames of the file count from 0.
+    void play(const AnimationFile& animation, int frame);
     /// The faces of a shape as the host has it now.
     std::vector<SceneFace> facesOf(const std::string& shape) const { return sceneFaces(session.path(shape)); }
     void expectDrawnAs(const std::vector<SceneFace>& faces, double position = 1.0 / 2048) const;

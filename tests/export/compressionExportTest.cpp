@@ -42,12 +42,17 @@ TEST_F(CompressedScenes, MergeFoldsAMovingGroupIntoItsMesh) {
                     child("leaf", "group", square(), set3("rp", 1, 0, 0) + set3("sp", 1, 0, 0)) +
                     linearKeys("group.rz", "animCurveTA", "1 30 11 90") +
                     linearKeys("leaf.tx", "animCurveTL", "1 2 11 4") + playback(1, 11),
-                "optimize_node=2");
+                "optimize_node=2;ica_file_out=1");
     EXPECT_EQ(file.names(), (std::vector<std::string>{"leaf"}));
     EXPECT_THAT(session.infos, Contains("Compress Node\t: Merge Useless Node ( 2 -> 1 )"));
     session.mel("currentTime 1");
     EXPECT_LT(distance(file.node("leaf").world, session.expectedWorld("leaf")), 2e-3);
     expectDrawnAs(facesOf("leafShape"), 2e-3);
+    const AnimationFile animation = readAnimationFile(session.fileText("model.ica"));
+    for (int frame = 0; frame < animation.frameCount; ++frame) {
+        play(animation, frame);
+        expectDrawnAs(facesOf("leafShape"), 4e-3);
+    }
     EXPECT_EQ(session.takeMessages(), "");
 }
 

@@ -1,6 +1,7 @@
 // Unskinned meshes on nodes with all kinds of transforms: what a reader of the file draws stands where the host has it.
 
 #include "GeometryExport.h"
+#include "motionChecks.h"
 #include "sceneText.h"
 #include "shadingText.h"
 
@@ -25,6 +26,21 @@ TEST_F(PlacedMeshes, OfAHingeTurnAboutItsPivot) {
     EXPECT_EQ(file.node("door").translate, Imath::V3d(3, 0, 0));
     EXPECT_LT((vertexAt({3, 1, 0}).position - Imath::V3d(1, 0, 0)).length(), 1e-9); // object (2 0 0), less the pivot
     expectDrawnAs(facesOf("doorShape"));
+}
+
+// Its exported origin is the pivot, which stays where it is.
+TEST_F(PlacedMeshes, OfATurningHingeDoNotMoveTheirNode) {
+    const std::string hinge = set3("t", 2, 0, 0) + set3("rp", 1, 0, 0) + set3("sp", 1, 0, 0);
+    exportScene(meshNode("door", box({1, 0, 0}, {2, 1, 1}), hinge) + keyed("door.rz", "1 0 7 90") + playback(1, 7),
+                "ica_file_out=1");
+    const AnimationFile animation = readAnimationFile(session.fileText("model.ica"));
+    for (const char* const channel : {"translate_x", "translate_y", "translate_z"}) {
+        EXPECT_EQ(animation.thing(0).channel(channel).dataSize, 1) << channel;
+    }
+    for (int frame = 0; frame < animation.frameCount; ++frame) {
+        play(animation, frame);
+        expectDrawnAs(facesOf("doorShape"), 1e-3);
+    }
 }
 
 TEST_F(PlacedMeshes, OfSplitPivotsStandWhereTheHostHasThem) {
