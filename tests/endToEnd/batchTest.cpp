@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <sstream>
+#include <unistd.h>
 
 namespace tvk {
 namespace {
@@ -111,6 +112,57 @@ TEST_F(Batch, ItIsTheSameAsSingleExports) {
         EXPECT_EQ(withoutMaker(program.bytes(std::string(name) + ".imd")),
                   withoutMaker(program.bytes(std::string("out/") + name + ".imd")));
     }
+}
+
+// --- places and languages
+
+TEST_F(Batch, ALogInAReadOnlyFolderIsToldBeforeAnyExport) {
+    namespace fs = std::filesystem;
+    fs::create_directories(program.path("sealed"));
+    fs::permissions(program.path("sealed"),
+                    fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
+    program.write("list.z3be", "# TVK_Batch_Export\nlog \"sealed/log.txt\"\n");
+    FinishedProgram::Surroundings surroundings;
+    surroundings.asNobody = geteuid() == 0;
+    const ProgramRun run = program.run({"--batch", "list.z3be"}, surroundings);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errorLines().front(), "Error: Can't open file: sealed/log.txt");
+}
+
+TEST_F(Batch, AnOutputFolderInAReadOnlyFolderIsTold) {
+    namespace fs = std::filesystem;
+    fs::create_directories(program.path("sealed"));
+    fs::permissions(program.path("sealed"),
+                    fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
+    program.write("list.z3be", "# TVK_Batch_Export\noutput_folder \"sealed/out\"\n");
+    FinishedProgram::Surroundings surroundings;
+    surroundings.asNobody = geteuid() == 0;
+    const ProgramRun run = program.run({"--batch", "list.z3be"}, surroundings);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errorLines().front(), "Error: \"output_folder\" is wrong: sealed/out");
+}
+
+// Katakana "so", whose second byte in Shift_JIS is that of a backslash, a decimal comma, and a Windows editor.
+TEST_F(Batch, ListsOfEveryCountryAreExported) {
+    const std::string so = "\xE3\x82\xBD";
+    std::filesystem::create_directories(program.path(so));
+    program.write(so + "/" + so + ".v2.ma", sceneOf(nodeText("transform", "a", "", set3("t", 0.25, 0, 0))));
+    program.write("settings/" + so + ".z3es", "\xEF\xBB\xBF# TVK_Export settings\r\nmagnify=\"1.5\"\r\n"
+                                              "output_imd=\"on\"\r\n");
+    program.write("list.z3be", "\xEF\xBB\xBF# TVK_Batch_Export\r\nlog \"" + so + ".txt\"\r\ninput_folder \"" + so +
+                                   "\"\r\noutput_folder \"out\"\r\nz3es_folder \"settings\"\r\nz3es \"" + so +
+                                   ".z3es\"\r\nscene \"" + so + ".v2.ma\"\r\nscene \"" + so +
+                                   ".v2.ma\" -root \"gone\"");
+    FinishedProgram::Surroundings there;
+    there.environment = {{"LC_ALL", "de_DE.UTF-8"}, {"LANG", "de_DE.UTF-8"}};
+    const ProgramRun run = program.run({"--batch", "list.z3be"}, there);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errorLines(), testing::Contains("Error: Node is not found: gone").Times(1));
+    EXPECT_THAT(program.names("out"), ElementsAre(so + ".v2.imd")) << "what was exported remains";
+    const ModelFile model = readModelFile(program.bytes("out/" + so + ".v2.imd"));
+    EXPECT_EQ(model.info->value("magnify"), "1.500000");
+    EXPECT_EQ(model.node("a").translate.x, 0.375);
+    EXPECT_THAT(program.bytes(so + ".txt"), HasSubstr("# output: " + so + ".v2.imd\n\nSuccess\n"));
 }
 
 // --- checks of names
