@@ -128,7 +128,7 @@ MStatus BatchExport::readLines(std::istream& in) {
         return fail(kWrongList);
     }
     while (lines.next(text)) {
-        const BatchLine line = parseBatchLine(text);
+        const BatchLine line = parseBatchLine(pathText(text));
         const Step step = stepOf(line.keyword);
         const MStatus status = step != nullptr ? (this->*step)(line) : MStatus(MS::kSuccess);
         if (!status) {

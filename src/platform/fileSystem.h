@@ -13,6 +13,10 @@ namespace tvk {
 // taken from the user's code page), the same bytes elsewhere.
 std::filesystem::path systemPath(const std::string& path);
 
+// Text of a file that names files, as paths are spelled here: on Windows, text that is not valid UTF-8 is brought from
+// the user's code page to UTF-8; elsewhere it stays as it is.
+std::string pathText(const std::string& text);
+
 // The path from the root on: one that is relative is seen from where the program runs. Others stay as they are.
 std::string absolutePath(const std::string& path);
 

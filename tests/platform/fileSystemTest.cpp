@@ -139,5 +139,11 @@ TEST(FileSystem, RelativePathsAreSeenFromWhereTheProgramRuns) {
     EXPECT_EQ(absolutePath(whole), whole) << "as it stands";
 }
 
+TEST(FileSystem, TextThatIsUtf8NamesFilesAsItStands) {
+    for (const char* text : {"", "plain.ma", "\xE3\x82\xBD/\xC3\xBC.ma"}) {
+        EXPECT_EQ(pathText(text), text);
+    }
+}
+
 } // namespace
 } // namespace tvk

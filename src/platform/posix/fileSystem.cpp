@@ -21,6 +21,10 @@ bool readStatus(const std::string& path, struct stat& status) {
 
 const char kPathSeparator = '/';
 
+std::string pathText(const std::string& text) {
+    return text;
+}
+
 std::filesystem::path systemPath(const std::string& path) {
     return path;
 }

@@ -26,6 +26,10 @@ bool findFirst(const std::wstring& path, WIN32_FIND_DATAW& found) {
 
 const char kPathSeparator = '\\';
 
+std::string pathText(const std::string& text) {
+    return utf8FromWide(wideFromUtf8(text));
+}
+
 std::filesystem::path systemPath(const std::string& path) {
     return wideFromUtf8(path);
 }
