@@ -90,6 +90,52 @@ std::string meshScene(std::size_t bytes) {
     return text + "// End of ground.ma\n";
 }
 
+// A square of the grid is two triangles; its edges are numbered by kind: across, up, diagonal.
+std::string triangleScene(std::size_t count) {
+    const long side = std::max(1L, std::lround(std::sqrt(static_cast<double>(count) / 2))); // squares along one side
+    const long points = side + 1;
+    const long across = points * side;
+    const double step = 8.0 / static_cast<double>(side);
+    std::string text = kHead;
+    text += "createNode transform -n \"ground\";\ncreateNode mesh -n \"groundShape\" -p \"ground\";\n"
+            "\tsetAttr \".uvst[0].uvsn\" -type \"string\" \"map1\";\n";
+    appendArray(text, ".uvst[0].uvsp", "-type \"float2\" ", points * points, 250, [&](long i) {
+        append(text, static_cast<double>(static_cast<float>(i % points) / static_cast<float>(points)));
+        append(text, static_cast<double>(static_cast<float>(i / points) / static_cast<float>(points)));
+    });
+    appendArray(text, ".vt", "", points * points, 166, [&](long i) {
+        append(text, std::round(1e6 * step * static_cast<double>(i % points)) / 1e6);
+        append(text,
+               std::round(1e6 * std::sin(9.0 * static_cast<double>(i % points) / static_cast<double>(points))) / 1e6);
+        append(text, std::round(-1e6 * step * static_cast<double>(i / points)) / 1e6);
+    });
+    appendArray(text, ".ed", "", 2 * across + side * side, 166, [&](long e) {
+        const bool isAcross = e < across;
+        const long k = isAcross ? e : (e - across) % across;
+        const long square = e - 2 * across;
+        const long corner =
+            square < 0 ? (isAcross ? k / side * points + k % side : k) : square / side * points + square % side;
+        append(text, corner);
+        append(text, square >= 0 ? corner + points + 1 : isAcross ? corner + 1 : corner + points);
+        append(text, 1L);
+    });
+    appendArray(text, ".fc", "-type \"polyFaces\" ", 2 * side * side, 500, [&](long f) {
+        const long square = f / 2;
+        const long corner = square / side * points + square % side;
+        const long diagonal = 2 * across + square;
+        const bool isLower = f % 2 == 0;
+        text += "\n\t\tf 3 ";
+        append(text, isLower ? square : diagonal);
+        append(text, isLower ? across + corner + 1 : -(square + side) - 1);
+        append(text, isLower ? -diagonal - 1 : -(across + corner) - 1);
+        text += "mu 0 3 ";
+        append(text, corner);
+        append(text, isLower ? corner + 1 : corner + points + 1);
+        append(text, isLower ? corner + points + 1 : corner + points);
+    });
+    return text + "connectAttr \"groundShape.iog\" \":initialShadingGroup.dsm\" -na;\n// End of ground.ma\n";
+}
+
 std::string hierarchyScene(std::size_t count) {
     constexpr std::size_t kChain = 10;
     std::string text = kHead;

@@ -11,6 +11,9 @@ namespace tvk {
 // long arrays cut into statements as the host cuts them.
 std::string meshScene(std::size_t bytes);
 
+// A bumpy ground of about `count` smooth triangles with texture coordinates, in the group that new scenes shade with.
+std::string triangleScene(std::size_t count);
+
 // `count` transforms and joints below one group: chains of ten, with translations and rotations of their own.
 std::string hierarchyScene(std::size_t count);
 
