@@ -111,9 +111,9 @@ TEST_F(BrokenGeometry, FacesWithoutShadingGroupAreLeftOutWithAWarning) {
 // --- sizes
 
 TEST_F(BrokenGeometry, AMeshOfVeryManyShadingGroupsIsExported) {
-    constexpr int kGroups = 3000;
+    constexpr int kGroups = 1000;
     std::string shaders;
-    std::string scene = meshNode("a", grid(60, 50, 0.1), "", "");
+    std::string scene = meshNode("a", grid(40, 25, 0.1), "", "");
     for (int i = 0; i < kGroups; ++i) {
         const std::string name = "m" + std::to_string(i);
         shaders += shadingText("lambert", name);

@@ -290,7 +290,7 @@ class RandomMeshes : public ExportedFaces, public testing::WithParamInterface<un
 TEST_P(RandomMeshes, AreDrawnOnceWhereTheHostHasThem) {
     std::mt19937 random(GetParam());
     const auto angle = [&] { return static_cast<double>(random() % 360); };
-    const int size = GetParam() % 5 == 4 ? 70 : 1 + static_cast<int>(random() % 12);
+    const int size = GetParam() % 5 == 4 ? 40 : 1 + static_cast<int>(random() % 12);
     const MeshSpec mesh = randomMesh(GetParam(), size);
     const auto half = std::to_string(mesh.faces.size() / 2);
     const auto last = std::to_string(mesh.faces.size() - 1);
