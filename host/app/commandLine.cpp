@@ -43,7 +43,8 @@ void addOptions(CLI::App& app, CommandLine& line) {
     app.add_option("-o,--output", line.output,
                    "write BASE.imd and so on; a folder that does not exist is made (default: the scene's name here)")
         ->type_name("BASE");
-    app.add_option("--kinds", line.kinds, "files to write: imd,ica,ima,itp,iva,ita (default: imd)")
+    app.add_option("--kinds", line.kinds,
+                   "files to write: imd,ica,ima,itp,iva,ita (default: imd, or those of the settings file)")
         ->type_name("KIND,...")
         ->delimiter(',')
         ->allow_extra_args(false);

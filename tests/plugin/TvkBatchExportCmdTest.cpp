@@ -52,6 +52,22 @@ TEST_F(BatchExportCommand, LetsNothingBeThrownIntoTheHost) {
     EXPECT_THAT(session.takeMessages(), EndsWith("Error: Failed to export\n"));
 }
 
+TEST_F(BatchExportCommand, InsideAnExportItFailsInSilence) {
+    session.write("inner.z3be", "no list\n");
+    const std::string inner = "TVK_BatchExportCmd -batch \"" + session.folder.path("inner.z3be") + "\"";
+    int tries = 0;
+    int failures = 0;
+    host::Host::instance().feedbackLine().onChange = [&] {
+        ++tries;
+        failures += session.melRuns(inner) ? 0 : 1;
+    };
+    EXPECT_TRUE(session.batch("log \"@/log.txt\"\n" + session.start() + "scene \"a.ma\"\n"));
+    EXPECT_GT(tries, 0);
+    EXPECT_EQ(failures, tries);
+    EXPECT_EQ(session.takeMessages(), session.announced(1, "a.ma") + kFinishedOne);
+    EXPECT_THAT(session.fileText("log.txt"), EndsWith("\nSuccess\n\n")) << "the outer export's messages still go there";
+}
+
 TEST_F(BatchExportCommand, CannotBeUndone) {
     const auto& commands = session.plugin()->commands;
     for (const host::CommandEntry& entry : commands) {
