@@ -60,7 +60,8 @@ TEST(GeometryOfAScene, ThatIsNotANumberIsRefusedByItsVertex) {
         text.replace(text.find(" 3 1 0"), 6, std::string(" ") + word + " 1 0");
         program.write("scene.ma", text);
         const ProgramRun run = program.run({"scene.ma", "-o", "out"});
-        EXPECT_NE(run.status, 0) << word;
+        EXPECT_EQ(run.status, 1) << word;
+        EXPECT_THAT(run.errorLines(), Contains("Error: Invalid vertex exists: |a|aShape.vtx[6]")) << word;
         EXPECT_THAT(program.names(), UnorderedElementsAre("scene.ma")) << word;
     }
 }
@@ -72,7 +73,7 @@ TEST(GeometryOfAScene, WithAHoleIsRefusedByItsFace) {
     const FinishedProgram program;
     program.write("scene.ma", sceneOf(meshNode("a", mesh)));
     const ProgramRun run = program.run({"scene.ma", "-o", "out"});
-    EXPECT_NE(run.status, 0);
+    EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.errorLines(), Contains("Error: Holed polygon exists (please triangulate): aShape.f[0]"));
     EXPECT_THAT(program.names(), UnorderedElementsAre("scene.ma"));
 }

@@ -235,6 +235,13 @@ TEST_F(ExportedFaces, OfASmoothGridAreTheSameWithAndWithoutStrips) {
     EXPECT_TRUE(withoutDates(session.fileText("model.imd")) == first);
 }
 
+TEST_F(ExportedFaces, AreCountedWhileStripsAreMade) {
+    exportScene(meshNode("a", grid(3, 1)) + meshNode("b", grid(2, 1)));
+    EXPECT_THAT(session.progress, testing::IsSupersetOf({"1/2 : aShape (3 polygons)", "2/2 : bShape (2 polygons)",
+                                                         "Making Strip : % 60.0 : 1/2 : aShape (3 polygons)",
+                                                         "Making Strip : %100.0 : 2/2 : bShape (2 polygons)"}));
+}
+
 // --- the vertex tables
 
 TEST_F(ExportedFaces, OfTheIndexStyleAreThoseOfTheDirectStyle) {

@@ -261,6 +261,7 @@ TEST_F(SkinExport, Of33RigidBonesWarnsAndSplitsIntoGroups) {
                 AllOf(HasSubstr("Warning: The number of matrix for displaying this model over 31: 33\n"),
                       HasSubstr("Warning: Mtx_prim_size of <polygon> is over 1: bodyShape\n")));
     const DrawnPolygon& polygon = model.polygon("bodyShape");
+    EXPECT_THAT(session.progress, testing::Contains("Optimizing Matrix Loading : 1/1 : bodyShape (33 polygons)"));
     ASSERT_EQ(polygon.matrixLists.size(), 2U);
     EXPECT_EQ(polygon.matricesLoaded, 33);
     EXPECT_GE(std::count(polygon.matrixLists[1].begin(), polygon.matrixLists[1].end(), -1), 29);
