@@ -3,7 +3,9 @@
 #include "common/fixedPoint.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 
 namespace tvk {
 namespace {
@@ -59,19 +61,103 @@ double between(const CurveKey& a, const CurveKey& b, double frame) {
            length * t * s * (a.slope * s - b.slope * t);
 }
 
-// Whether a curve from one key straight to the other gives back every sample between them. Only this segment changes
-// when the keys between go; all others were within the tolerance before.
-bool givesBack(const std::vector<float>& samples, const CurveKey& a, const CurveKey& b, double tolerance) {
-    const auto first = static_cast<std::size_t>(a.frame) + 1;
-    const std::size_t last = std::min(static_cast<std::size_t>(b.frame), samples.size());
-    for (std::size_t frame = first; frame < last; ++frame) {
-        const double error = std::abs(between(a, b, static_cast<double>(frame)) - static_cast<double>(samples[frame]));
-        if (!(error == 0.0 || error < tolerance)) {
-            return false;
+/// The samples beside the chords of blocks of frames, so that most of a long segment need not be evaluated.
+class BlockBounds {
+public:
+    BlockBounds(const std::vector<float>& samples, std::size_t length) : samples_(samples), length_(length) {
+        for (std::size_t first = 0; first + length < samples.size(); first += length) {
+            Range range{0.0, 0.0};
+            for (std::size_t i = 0; i <= length; ++i) {
+                const double share = static_cast<double>(i) / static_cast<double>(length);
+                const double chord = at(first) + share * (at(first + length) - at(first));
+                range.low = std::min(range.low, at(first + i) - chord);
+                range.high = std::max(range.high, at(first + i) - chord);
+            }
+            ranges_.push_back(range);
         }
     }
-    return true;
-}
+
+    std::size_t length() const { return length_; }
+    bool beginsAt(std::size_t frame) const { return frame % length_ == 0 && frame / length_ < ranges_.size(); }
+
+    /// True only when the curve is within the tolerance of every sample from `first` to `first` + length(). A cubic
+    /// stays between the least and the greatest of its four control values.
+    bool isSurelyWithin(const CurveKey& a, const CurveKey& b, std::size_t first, double tolerance) const {
+        const auto frames = static_cast<double>(length_);
+        const auto start = static_cast<double>(first);
+        const double chordSlope = (at(first + length_) - at(first)) / frames;
+        const double begin = between(a, b, start) - at(first);
+        const double end = between(a, b, start + frames) - at(first + length_);
+        const double afterBegin = begin + (slopeAt(a, b, start) - chordSlope) * frames / 3.0;
+        const double beforeEnd = end - (slopeAt(a, b, start + frames) - chordSlope) * frames / 3.0;
+        const auto [least, greatest] = std::minmax({begin, afterBegin, beforeEnd, end});
+        const Range& range = ranges_[first / length_];
+        const double error = std::max(greatest - range.low, range.high - least);
+        constexpr double kRounding = 1e-9;
+        const double size = std::abs(at(first)) + std::abs(at(first + length_)) + std::abs(a.value) + std::abs(b.value);
+        return error + kRounding * (1.0 + size) < tolerance;
+    }
+
+private:
+    struct Range {
+        double low, high; // of the samples above their chord
+    };
+
+    static double slopeAt(const CurveKey& a, const CurveKey& b, double frame) {
+        const double length = b.frame - a.frame;
+        const double t = (frame - a.frame) / length;
+        const double s = 1.0 - t;
+        return 6.0 * (b.value - a.value) / length * t * s + a.slope * s * (s - 2.0 * t) + b.slope * t * (t - 2.0 * s);
+    }
+
+    double at(std::size_t frame) const { return static_cast<double>(samples_[frame]); }
+
+    const std::vector<float>& samples_;
+    std::size_t length_;
+    std::vector<Range> ranges_;
+};
+
+/// Tells which keys a channel can do without.
+class KeyReduction {
+public:
+    KeyReduction(const std::vector<float>& samples, double tolerance)
+        : samples_(samples), tolerance_(tolerance), bounds_{{{samples, 1024}, {samples, 32}}} {}
+
+    // Whether a curve from one key straight to the other gives back every sample between them. Only this segment
+    // changes when the keys between go; all others were within the tolerance before.
+    bool givesBack(const CurveKey& a, const CurveKey& b) const {
+        const std::size_t last = std::min(static_cast<std::size_t>(b.frame), samples_.size());
+        for (std::size_t frame = static_cast<std::size_t>(a.frame) + 1; frame < last;) {
+            const std::size_t sure = sureFrames(a, b, frame, last);
+            if (sure == 0 && !isWithin(a, b, frame)) {
+                return false;
+            }
+            frame += std::max<std::size_t>(sure, 1);
+        }
+        return true;
+    }
+
+private:
+    // How many frames from here on are within the tolerance by the bounds of their block; often none.
+    std::size_t sureFrames(const CurveKey& a, const CurveKey& b, std::size_t frame, std::size_t last) const {
+        for (const BlockBounds& blocks : bounds_) {
+            if (frame + blocks.length() <= last && blocks.beginsAt(frame) &&
+                frame + blocks.length() < samples_.size() && blocks.isSurelyWithin(a, b, frame, tolerance_)) {
+                return blocks.length();
+            }
+        }
+        return 0;
+    }
+
+    bool isWithin(const CurveKey& a, const CurveKey& b, std::size_t frame) const {
+        const double error = std::abs(between(a, b, static_cast<double>(frame)) - static_cast<double>(samples_[frame]));
+        return error == 0.0 || error < tolerance_;
+    }
+
+    const std::vector<float>& samples_;
+    double tolerance_;
+    std::array<BlockBounds, 2> bounds_; // the long blocks first
+};
 
 bool isLevel(const std::vector<CurveKey>& keys) {
     return std::all_of(keys.begin(), keys.end(), [&](const CurveKey& key) { return key.value == keys.front().value; });
@@ -96,9 +182,10 @@ std::vector<CurveKey> reducedKeys(const std::vector<float>& samples, const KeyRu
     if (isLevel(keys)) {
         return {keys.front(), keys.back()};
     }
+    const KeyReduction reduction(samples, rule.tolerance);
     std::size_t kept = 0; // the last key that stays
     for (std::size_t i = 1; i + 1 < keys.size(); ++i) {
-        if (!givesBack(samples, keys[kept], keys[i + 1], rule.tolerance)) {
+        if (!reduction.givesBack(keys[kept], keys[i + 1])) {
             keys[++kept] = keys[i];
         }
     }

@@ -111,6 +111,26 @@ std::vector<CurveKey> literallyReduced(const std::vector<float>& samples, const 
     return keys;
 }
 
+// The same, looking at the segment alone that a key's removal changes.
+std::vector<CurveKey> greedilyReduced(const std::vector<float>& samples, const std::vector<CurveKey>& all,
+                                      double limit) {
+    std::vector<CurveKey> kept{all.front()};
+    for (std::size_t i = 1; i + 1 < all.size(); ++i) {
+        const std::vector<CurveKey> segment{kept.back(), all[i + 1]};
+        bool isGood = true;
+        for (auto f = static_cast<std::size_t>(kept.back().frame) + 1; f <= i && isGood; ++f) {
+            const double error =
+                std::abs(curveValue(segment, static_cast<double>(f)) - static_cast<double>(samples[f]));
+            isGood = error == 0.0 || error < limit;
+        }
+        if (!isGood) {
+            kept.push_back(all[i]);
+        }
+    }
+    kept.push_back(all.back());
+    return kept;
+}
+
 TEST(KeyEncoding, ReducesAsTheDefinitionDoes) {
     std::mt19937 random(8);
     for (int round = 0; round < 3000; ++round) {
@@ -129,6 +149,35 @@ TEST(KeyEncoding, ReducesAsTheDefinitionDoes) {
             ASSERT_NEAR(curveValue(keys, static_cast<double>(f)), static_cast<double>(samples[f]), rule.tolerance);
         }
     }
+}
+
+// Straight and curved stretches that are longer than the blocks whose bounds stand for their frames.
+TEST(KeyEncoding, ReducesLongChannelsAsTheDefinitionDoes) {
+    std::mt19937 random(21);
+    for (const double limit : {0.004, 0.1, 2.0}) {
+        std::vector<float> samples;
+        double value = 0.0;
+        while (samples.size() < 2600) {
+            const double speed = static_cast<double>(random() % 100) / 37.0 - 1.3;
+            const double bend = random() % 2 == 0 ? 0.0 : static_cast<double>(random() % 9) / 4000.0;
+            const std::size_t length = 1 + random() % 1500;
+            for (std::size_t i = 0; i < length && samples.size() < 2600; ++i) {
+                value += speed + bend * static_cast<double>(i % 700);
+                samples.push_back(static_cast<float>(value));
+            }
+        }
+        EXPECT_EQ(framesOf(reducedKeys(samples, tolerance(limit))),
+                  framesOf(greedilyReduced(samples, keyPerFrame(samples), limit)))
+            << limit;
+    }
+}
+
+TEST(KeyEncoding, OfAHundredThousandFramesInALineTakesNoTime) {
+    std::vector<float> samples(100000);
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        samples[i] = static_cast<float>(i) / 4.0F;
+    }
+    EXPECT_EQ(framesOf(reducedKeys(samples, tolerance(0.1))), (std::vector<double>{0, 99999}));
 }
 
 TEST(KeyEncoding, StoresFrameValueAndSlopesInFixedPoint) {
