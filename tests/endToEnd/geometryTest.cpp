@@ -61,7 +61,7 @@ TEST(GeometryOfAScene, ThatIsNotANumberIsRefusedByItsVertex) {
         program.write("scene.ma", text);
         const ProgramRun run = program.run({"scene.ma", "-o", "out"});
         EXPECT_EQ(run.status, 1) << word;
-        EXPECT_THAT(run.errorLines(), Contains("Error: Invalid vertex exists: |a|aShape.vtx[6]")) << word;
+        EXPECT_THAT(run.errorLines(), Contains("Error: Invalid vertex exists: |a|aShape.vtx[7]")) << word;
         EXPECT_THAT(program.names(), UnorderedElementsAre("scene.ma")) << word;
     }
 }
