@@ -25,9 +25,8 @@ const std::string kAllFiles = "ica_file_out=1;ima_file_out=1;itp_file_out=1;iva_
 
 struct SceneMotion {
     const char* scene;
-    int nodes; // at least so many stand in the model by their own names
-    // Part of a long range, for all but the plainest export.
-    const char* part = "";
+    int nodes;              // at least so many stand in the model by their own names
+    const char* range = ""; // a part of thousands of frames; all of them when empty
 };
 
 constexpr SceneMotion kScenes[] = {
@@ -65,7 +64,7 @@ protected:
 struct PlayedAs {
     const char* name;
     const char* options;
-    bool isWhole; // the whole range, and no node is compressed away
+    bool isWhole; // no node is compressed away
 };
 
 constexpr PlayedAs kWays[] = {
@@ -86,7 +85,7 @@ std::string nameOf(const char* scene) {
 
 TEST_P(SceneMotions, ArePlayedAsInTheHost) {
     const auto& [scene, way] = GetParam();
-    exportScene(scene.scene, kAllFiles + way.options + (way.isWhole ? "" : scene.part));
+    exportScene(scene.scene, kAllFiles + way.options + scene.range);
     const int compared = expectMovesAsInTheHost(session);
     if (way.isWhole) {
         EXPECT_GE(compared, scene.nodes);
@@ -106,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(Corpus, SceneMotions, testing::Combine(testing::ValuesI
 class SceneVisibility : public SceneAnimation, public testing::WithParamInterface<SceneMotion> {};
 
 TEST_P(SceneVisibility, IsThatOfTheHost) {
-    exportScene(GetParam().scene, std::string("iva_file_out=1") + GetParam().part);
+    exportScene(GetParam().scene, std::string("iva_file_out=1") + GetParam().range);
     const ModelFile model = session.model();
     const VisibilityFile file = session.visibility();
     ASSERT_EQ(file.nodes.size(), model.nodes.size());
