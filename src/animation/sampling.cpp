@@ -17,8 +17,9 @@
 namespace tvk {
 namespace {
 
-// Hours of animation. A range beyond it is a slip of whoever typed it, and stepping through it would take days.
-constexpr int32_t kFrameLimit = 1000000;
+// Almost five hours of animation. A range beyond it is a slip of whoever typed it, and stepping through it would take
+// days; and keys hold frame numbers in 32 bits, 12 of them behind the point.
+constexpr int32_t kFrameLimit = 524287;
 
 constexpr std::size_t kFirstRotation = 3; // of the nine channels of a node
 

@@ -16,7 +16,7 @@ using NodeSetReader = std::function<MStatus(const NodeRecord&, TransformSet&)>;
 /// visibility (its own and that of all ancestors); the transforms of the written nodes, folded ancestors taken in;
 /// colours of animated materials when the ima file is asked for, placements of animated textures when the ita file is.
 /// Rotations are conditioned afterwards. The host's time is the same at the end. What cannot be read counts as 0, as 1
-/// for a scale. Fails, with a message, on a range of more than a million frames.
+/// for a scale. Fails, with a message, on a range of more than 524,287 frames.
 MStatus sampleAnimation(const NodeSetReader& readSet);
 
 } // namespace tvk

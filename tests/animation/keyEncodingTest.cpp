@@ -191,6 +191,17 @@ TEST(KeyEncoding, StoresFrameValueAndSlopesInFixedPoint) {
     EXPECT_EQ(track.dataHead, 0);
 }
 
+// Of the longest range that is exported, with one more frame for the way back.
+TEST(KeyEncoding, HoldsTheLastFrameOfTheLongestRange) {
+    constexpr int32_t kFrames = 524287;
+    KeyRule rule = tolerance(0);
+    rule.loops = true;
+    KeyPool pool;
+    AnimTrack track;
+    encodeKeys(std::vector<float>(kFrames, 1.0F), rule, pool, track);
+    EXPECT_EQ(keyNumbers(pool), (std::vector<int32_t>{0, 4096, 0, 0, kFrames * 4096, 4096, 0, 0}));
+}
+
 TEST(KeyEncoding, SharesWholeKeys) {
     KeyPool pool;
     AnimTrack first;
