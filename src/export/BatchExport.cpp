@@ -1,6 +1,5 @@
 #include "export/BatchExport.h"
 
-#include "common/numberText.h"
 #include "export/LimitedLines.h"
 #include "export/batchMessages.h"
 #include "export/exportMessages.h"
@@ -103,6 +102,23 @@ BatchExport::Step BatchExport::stepOf(BatchKeyword keyword) {
 }
 
 MStatus BatchExport::run(const std::string& listPath) {
+    const MStatus status = readList(listPath);
+    if (wasWarned) {
+        raiseWarning();
+    }
+    if (status) {
+        std::cerr << batchEnd(exported);
+    }
+    return status;
+}
+
+MStatus BatchExport::plan(const std::string& listPath, bool beginsLog, BatchPlan& plan) {
+    planned = &plan;
+    beginsLogFile = beginsLog;
+    return readList(listPath);
+}
+
+MStatus BatchExport::readList(const std::string& listPath) {
     list = listPath;
     std::ifstream in;
     if (fileExists(list)) {
@@ -111,14 +127,7 @@ MStatus BatchExport::run(const std::string& listPath) {
     if (!in.is_open()) {
         return fail(kCantOpenFile, list);
     }
-    const MStatus status = readLines(in);
-    if (wasWarned) {
-        raiseWarning();
-    }
-    if (status) {
-        std::cerr << kBatchFinished << integerText(exported).view() << (exported == 1 ? " scene." : " scenes.") << '\n';
-    }
-    return status;
+    return readLines(in);
 }
 
 MStatus BatchExport::readLines(std::istream& in) {
@@ -150,7 +159,10 @@ MStatus BatchExport::takeLog(const BatchLine& line) {
         return fail(kLogCharacters, line.value);
     }
     log = line.value;
-    return writeLog(log, WriteMode::kReplace, batchLogHead(list));
+    if (planned != nullptr) {
+        planned->log = log;
+    }
+    return !beginsLogFile ? MStatus(MS::kSuccess) : writeLog(log, WriteMode::kReplace, batchLogHead(list));
 }
 
 MStatus BatchExport::takeInputFolder(const BatchLine& line) {
@@ -190,11 +202,18 @@ MStatus BatchExport::takeScene(const BatchLine& line) {
     for (const auto step : {&BatchExport::checkGiven, &BatchExport::readSettingsFile}) {
         status = status ? (this->*step)() : status;
     }
-    if (!status) {
-        return status;
+    if (status && planned != nullptr) {
+        planScene();
+    } else if (status) {
+        status = runScene();
     }
-    std::cerr << sceneRule(scene.number) << "# scene: " << sceneFolder << '/' << scene.scene << std::endl;
-    status = log.empty() ? status : logScene();
+    exported += status ? 1 : 0;
+    return status;
+}
+
+MStatus BatchExport::runScene() {
+    std::cerr << title() << std::flush;
+    MStatus status = log.empty() ? MStatus(MS::kSuccess) : logScene();
     if (status) {
         status = openScene();
     }
@@ -205,8 +224,25 @@ MStatus BatchExport::takeScene(const BatchLine& line) {
     if (status) {
         status = exportScene(!roots.empty());
     }
-    exported += status ? 1 : 0;
     return status;
+}
+
+std::string BatchExport::title() const {
+    return sceneRule(scene.number) + "# scene: " + sceneFolder + "/" + scene.scene + "\n";
+}
+
+void BatchExport::planScene() {
+    BatchJob job;
+    job.project = absolutePath(scene.inputFolder);
+    job.scene = wholeSceneFolder + "/" + scene.scene;
+    job.settings = absolutePath(scene.settingsFolder + "/" + scene.settings);
+    job.output = wholeOutputFolder + "/" + scene.base;
+    for (const std::string& root : splitRoots(scene.roots)) {
+        job.roots += (job.roots.empty() ? "" : ",") + root;
+    }
+    job.title = title();
+    job.head = batchSceneHead(scene);
+    planned->jobs.push_back(job);
 }
 
 MStatus BatchExport::settleBase(const BatchLine& line) {

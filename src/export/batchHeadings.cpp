@@ -1,6 +1,7 @@
 #include "export/batchHeadings.h"
 
 #include "common/numberText.h"
+#include "export/batchMessages.h"
 #include "platform/userEnvironment.h"
 
 namespace tvk {
@@ -38,6 +39,10 @@ std::string batchSceneHead(const BatchScene& scene) {
            entry("z3es_folder", scene.settingsFolder) + entry("z3es", scene.settings) +
            entry("scene", scene.scene + roots) + entry("output_folder", scene.outputFolder) +
            entry("output", outputNames(scene)) + "\n";
+}
+
+std::string batchEnd(int64_t scenes) {
+    return std::string(kBatchFinished).append(integerText(scenes).view()) + (scenes == 1 ? " scene.\n" : " scenes.\n");
 }
 
 } // namespace tvk

@@ -30,4 +30,7 @@ std::string batchLogHead(const std::string& listPath);
 /// What comes before a scene's messages in the log.
 std::string batchSceneHead(const BatchScene& scene);
 
+/// What is said when all of so many scenes were exported.
+std::string batchEnd(int64_t scenes);
+
 } // namespace tvk
