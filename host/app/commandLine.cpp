@@ -11,6 +11,8 @@ namespace host::app {
 
 namespace {
 
+constexpr int kMostJobs = 256; // more than one machine has any use for
+
 constexpr const char* kFooter =
     "\nExit status: 0 done (warnings included), 1 failed, 2 done with warnings or, with --check, with names that are\n"
     "too long (--strict), 64 wrong usage.\n"
@@ -28,8 +30,10 @@ bool isSetting(const std::string& word) {
            word.find(';') == std::string::npos;
 }
 
-void addModes(CLI::App& app, CommandLine& line, std::string& target) {
+void addModes(CLI::App& app, CommandLine& line, std::string& target, std::string& jobs) {
     app.add_option("--batch", line.batch, "export the scenes of a list file")->type_name("LIST.z3be");
+    app.add_option("--jobs", jobs, "share the scenes of the list among so many processes")->type_name("N");
+    app.add_flag("--print-jobs", line.printsJobs, "print a shell command for each scene of the list, and run none");
     app.add_flag("--check", line.checksNames, "print the names of the scene that are too long for the console");
     app.add_option("--target", target, "what to check: all (default), or selection: the --select'ed nodes")
         ->type_name("all|selection");
@@ -57,6 +61,8 @@ void addOptions(CLI::App& app, CommandLine& line) {
         ->type_name("NODE,...")
         ->delimiter(',')
         ->allow_extra_args(false);
+    app.add_option("--project", line.project, "the project of the scene (default: the one around it)")
+        ->type_name("FOLDER");
     app.add_option("--plugin", line.plugin, "the exporter's library")->type_name("PATH");
     app.add_flag("--strict", line.strict, "exit status 2 when there were warnings");
     app.add_flag("-q,--quiet", line.quiet, "print warnings and errors only");
@@ -75,6 +81,7 @@ struct GivenOptions {
     bool output = false; // -o, --kinds, --settings, --set: what an export takes
     bool select = false;
     bool target = false;
+    bool project = false;
 };
 
 /// What is wrong with the values of options; "" when nothing is.
@@ -100,6 +107,15 @@ std::string checkUse(const CommandLine& line, const GivenOptions& given) {
         return "--batch takes all from its list: SCENE.ma, -o, --kinds, --settings, --set and --select do not go with "
                "it";
     }
+    if (batches && given.project) {
+        return "--batch takes the project from its list: --project does not go with it";
+    }
+    if (!batches && (line.jobs != 0 || line.printsJobs)) {
+        return "--jobs and --print-jobs go with --batch only";
+    }
+    if (line.jobs != 0 && line.printsJobs) {
+        return "--print-jobs runs nothing: --jobs does not go with it";
+    }
     if (line.runsScripts() && (given.output || given.select)) {
         return "--script and --command export nothing: -o, --kinds, --settings, --set and --select do not go with them";
     }
@@ -124,17 +140,31 @@ std::string settleTarget(const std::string& target, const GivenOptions& given, C
     return "";
 }
 
+/// Takes the number of processes. "" on success.
+std::string settleJobs(const std::string& jobs, CommandLine& line) {
+    const bool isNumber =
+        !jobs.empty() && jobs.size() <= 4 && jobs.find_first_not_of("0123456789") == std::string::npos;
+    line.jobs = isNumber ? std::stoi(jobs) : 0;
+    return line.jobs >= 1 && line.jobs <= kMostJobs
+               ? ""
+               : "--jobs: '" + jobs + "' is not a number from 1 to " + std::to_string(kMostJobs);
+}
+
 /// All that can be wrong with words that were each understood; "" when nothing is.
-std::string checkCommandLine(const CLI::App& app, const std::string& target, CommandLine& line) {
+std::string checkCommandLine(const CLI::App& app, const std::string& target, const std::string& jobs,
+                             CommandLine& line) {
     const auto isGiven = [&](const char* option) { return app.count(option) != 0; };
     const GivenOptions given = {isGiven("--output") || isGiven("--kinds") || isGiven("--settings") || isGiven("--set"),
-                                isGiven("--select"), isGiven("--target")};
-    for (const char* option : {"--batch", "--settings", "--target"}) {
+                                isGiven("--select"), isGiven("--target"), isGiven("--project")};
+    for (const char* option : {"--batch", "--settings", "--target", "--project"}) {
         if (isGiven(option) && app.get_option(option)->as<std::string>().empty()) {
             return std::string(option) + ": the value is empty";
         }
     }
-    std::string error = checkValues(line);
+    std::string error = isGiven("--jobs") ? settleJobs(jobs, line) : "";
+    if (error.empty()) {
+        error = checkValues(line);
+    }
     if (error.empty()) {
         error = checkUse(line, given);
     }
@@ -148,9 +178,9 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char* const* argumen
     CLI::App app("Exports a Maya ASCII scene to intermediate files, with no Maya installed.", "tvkexport");
     app.footer(kFooter);
     app.set_version_flag("--version", "tvkexport " TVK_VERSION);
-    std::string target;
+    std::string target, jobs;
     addOptions(app, line);
-    addModes(app, line, target);
+    addModes(app, line, target, jobs);
     try {
         app.parse(argumentCount, arguments);
     } catch (const CLI::CallForHelp&) {
@@ -160,7 +190,7 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char* const* argumen
     } catch (const CLI::ParseError& error) {
         return wrongUsage(error.what());
     }
-    const std::string error = checkCommandLine(app, target, line);
+    const std::string error = checkCommandLine(app, target, jobs, line);
     if (!error.empty()) {
         return wrongUsage(error);
     }

@@ -16,6 +16,9 @@ struct CommandLine {
     std::string settingsFile;          // of the exporter's settings, below `kinds` and `settings`; "" for none
     std::string script, command;       // MEL to run instead of an export
     std::string batch;                 // list file of a batch to run instead; "" for none
+    int jobs = 0;                      // processes that share the batch; 0 to run it in this one
+    bool printsJobs = false;           // the batch's scenes as commands, instead of running it
+    std::string project;               // folder to open as the project; "" for the one around the scene
     bool checksNames = false;          // instead of an export: of the scene, or of the selection alone
     bool checksSelection = false;
     std::string plugin; // path of the exporter; "" to look for it

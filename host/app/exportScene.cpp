@@ -87,7 +87,8 @@ int exportScene(Host& host, Console& console, const CommandLine& commandLine) {
     if (!isExported) {
         return kFailed;
     }
-    return commandLine.strict && console.warnings() != 0 ? kDoneWithWarnings : kDone;
+    const bool wasWarned = console.warnings() != 0 || exportWasWarned(host); // warnings may go to a log
+    return commandLine.strict && wasWarned ? kDoneWithWarnings : kDone;
 }
 
 } // namespace host::app

@@ -59,6 +59,25 @@ std::optional<std::string> settingsOptions(Host& host, const std::string& path) 
     return options != nullptr ? std::optional<std::string>(options) : std::nullopt;
 }
 
+std::optional<BatchPlan> planBatch(Host& host, Console& console, const std::string& list, bool beginsLog) {
+    const auto read = exporterFunction<int (*)(const char*, int)>(host, "tvkReadBatch");
+    const auto text = exporterFunction<const char* (*)(int, const char*)>(host, "tvkBatchText");
+    if (read == nullptr || text == nullptr) {
+        console.error("the exporter does not tell what a list asks for");
+        return std::nullopt;
+    }
+    const int count = read(list.c_str(), beginsLog ? 1 : 0);
+    if (count < 0) {
+        return std::nullopt;
+    }
+    BatchPlan plan = {text(0, "log"), text(0, "end"), {}};
+    for (int i = 0; i < count; ++i) {
+        plan.jobs.push_back({text(i, "project"), text(i, "scene"), text(i, "settings"), text(i, "output"),
+                             text(i, "roots"), text(i, "title"), text(i, "head")});
+    }
+    return plan;
+}
+
 bool exportWasWarned(Host& host) {
     const auto wasWarned = exporterFunction<int (*)()>(host, "tvkWarningRaised");
     return wasWarned != nullptr && wasWarned() != 0;

@@ -1,4 +1,5 @@
 #include "host/app/Console.h"
+#include "host/app/batchJobs.h"
 #include "host/app/checkNames.h"
 #include "host/app/commandLine.h"
 #include "host/app/exitStatus.h"
@@ -22,6 +23,9 @@ using Use = int (*)(host::Host&, host::app::Console&, const host::app::CommandLi
 Use useOf(const host::app::CommandLine& commandLine) {
     if (commandLine.runsScripts()) {
         return host::app::runScripts;
+    }
+    if (commandLine.printsJobs || commandLine.jobs != 0) {
+        return commandLine.printsJobs ? host::app::printJobs : host::app::runJobs;
     }
     if (!commandLine.batch.empty()) {
         return host::app::runBatch;

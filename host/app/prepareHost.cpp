@@ -43,6 +43,16 @@ void openProjectOf(Host& host, const fs::path& scene) {
     (void)host.scene().workspace().open(folder.generic_u8string());
 }
 
+bool openProject(Host& host, Console& console, const std::string& project) {
+    std::error_code error;
+    const fs::path folder = fs::absolute(fs::u8path(project), error);
+    if (!fs::is_directory(folder, error)) {
+        console.error("the project is no folder: " + project);
+        return false;
+    }
+    return runMel(host, console, "workspace -o " + melString(folder.generic_u8string())).has_value();
+}
+
 } // namespace
 
 std::optional<mel::Value> runMel(Host& host, Console& console, const std::string& script) {
@@ -79,7 +89,11 @@ bool openScene(Host& host, Console& console, const CommandLine& commandLine) {
     }
     std::error_code error;
     const fs::path path = fs::absolute(fs::u8path(scene), error);
-    openProjectOf(host, path.lexically_normal());
+    if (commandLine.project.empty()) {
+        openProjectOf(host, path.lexically_normal());
+    } else if (!openProject(host, console, commandLine.project)) {
+        return false;
+    }
     return runMel(host, console, "file -f -o " + melString(path.generic_u8string())).has_value();
 }
 

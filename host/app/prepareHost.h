@@ -15,7 +15,7 @@ namespace host::app {
 [[nodiscard]] bool loadExporter(Host& host, Console& console, const CommandLine& commandLine);
 
 /// Opens the scene, if one was named, within its project: the nearest folder around it that has a "workspace.mel",
-/// unless $MAYA_PROJECT names another.
+/// unless --project or else $MAYA_PROJECT names another.
 [[nodiscard]] bool openScene(Host& host, Console& console, const CommandLine& commandLine);
 
 /// Selects these nodes and no others; a scene may come with a selection of its own.

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace host::app {
 
@@ -20,6 +21,16 @@ int errorTerminalColumns();
 
 /// Folder of the running program, with '/' at its end; "" when the system does not tell.
 std::string programFolder();
+
+/// A program that has ended.
+struct EndedProcess {
+    int status = -1;   // exit status; -1 when it could not be started or was killed
+    std::string error; // what it wrote on standard error
+};
+
+/// Runs a program, named by its path, to its end, without input; what it writes on standard output is dropped. It ends
+/// with this program, whatever ends that. Several threads may run programs at once.
+EndedProcess runProgram(const std::vector<std::string>& words);
 
 /// Whether files can be made in this folder, as far as the system tells beforehand.
 bool isWritableFolder(const std::string& folder);

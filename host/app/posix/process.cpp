@@ -1,9 +1,13 @@
 #include "host/app/process.h"
 
+#include <fcntl.h>
 #include <pthread.h>
 #include <sys/ioctl.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <system_error>
@@ -13,6 +17,7 @@ namespace host::app {
 namespace {
 
 constexpr int kUsualColumns = 80;
+constexpr int kNotStarted = 127; // as shells have it
 
 struct Job {
     const std::function<int()>* work = nullptr;
@@ -61,6 +66,61 @@ std::string programFolder() {
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     return error ? std::string() : program.parent_path().u8string() + "/";
+}
+
+namespace {
+
+/// The child's side: nothing but system calls, since other threads stood still in the middle of anything.
+[[noreturn]] void become(char* const* words, int error, pid_t parent) {
+    const int nothing = open("/dev/null", O_RDWR);
+    const bool isWired = nothing >= 0 && dup2(nothing, STDIN_FILENO) >= 0 && dup2(nothing, STDOUT_FILENO) >= 0 &&
+                         dup2(error, STDERR_FILENO) >= 0;
+    // The thread that waits for the program is the one whose end it gets to know.
+    if (isWired && prctl(PR_SET_PDEATHSIG, SIGTERM) == 0 && getppid() == parent) {
+        execv(words[0], words);
+    }
+    _exit(kNotStarted);
+}
+
+std::string readToEnd(int file) {
+    std::string text;
+    char buffer[4096];
+    ssize_t count = 0;
+    while ((count = read(file, buffer, sizeof buffer)) > 0 || (count < 0 && errno == EINTR)) {
+        text.append(buffer, static_cast<std::size_t>(count > 0 ? count : 0));
+    }
+    return text;
+}
+
+} // namespace
+
+EndedProcess runProgram(const std::vector<std::string>& words) {
+    std::vector<std::string> copies = words;
+    std::vector<char*> pointers;
+    for (std::string& word : copies) {
+        pointers.push_back(word.data());
+    }
+    pointers.push_back(nullptr);
+    int ends[2] = {};
+    if (pipe2(ends, O_CLOEXEC) != 0) { // no other child may hold the writing end open
+        return {};
+    }
+    const pid_t parent = getpid();
+    const pid_t child = fork();
+    if (child == 0) {
+        become(pointers.data(), ends[1], parent);
+    }
+    close(ends[1]);
+    EndedProcess ended;
+    ended.error = readToEnd(ends[0]);
+    close(ends[0]);
+    int status = 0;
+    pid_t waited = 0;
+    while (child > 0 && (waited = waitpid(child, &status, 0)) < 0 && errno == EINTR) {
+    }
+    const bool hasExited = child > 0 && waited == child && WIFEXITED(status) && WEXITSTATUS(status) != kNotStarted;
+    ended.status = hasExited ? WEXITSTATUS(status) : -1;
+    return ended;
 }
 
 bool isWritableFolder(const std::string& folder) {

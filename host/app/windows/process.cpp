@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <mutex>
 
 namespace host::app {
 
@@ -53,6 +54,86 @@ std::string programFolder() {
     const DWORD length = GetModuleFileNameW(nullptr, path, 32768);
     return length == 0 ? std::string()
                        : std::filesystem::path(std::wstring(path, length)).parent_path().generic_u8string() + "/";
+}
+
+namespace {
+
+/// A word as programs take their command line apart: backslashes count before quotes only.
+std::wstring quoted(const std::wstring& word) {
+    std::wstring text = L"\"";
+    std::size_t backslashes = 0;
+    for (const wchar_t c : word) {
+        text.append(c == L'"' ? backslashes + 1 : 0, L'\\');
+        text += c;
+        backslashes = c == L'\\' ? backslashes + 1 : 0;
+    }
+    return text.append(backslashes, L'\\') + L"\"";
+}
+
+/// Programs in it end when its last handle is closed, at the latest with this program.
+HANDLE jobOfChildren() {
+    static const HANDLE job = [] {
+        HANDLE made = CreateJobObjectW(nullptr, nullptr);
+        JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+        limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+        SetInformationJobObject(made, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+        return made;
+    }();
+    return job;
+}
+
+/// Starts the program with its standard error at the writing end; false when it cannot be started.
+bool start(const std::vector<std::string>& words, HANDLE writing, PROCESS_INFORMATION& process) {
+    std::wstring line;
+    for (const std::string& word : words) {
+        line += (line.empty() ? L"" : L" ") + quoted(std::filesystem::u8path(word).wstring());
+    }
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdError = writing;
+    if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED, nullptr, nullptr, &startup,
+                       &process) == 0) {
+        return false;
+    }
+    AssignProcessToJobObject(jobOfChildren(), process.hProcess);
+    ResumeThread(process.hThread);
+    CloseHandle(process.hThread);
+    return true;
+}
+
+} // namespace
+
+EndedProcess runProgram(const std::vector<std::string>& words) {
+    static std::mutex starting; // no other child may hold the writing end open
+    HANDLE reading = nullptr;
+    PROCESS_INFORMATION process{};
+    {
+        const std::lock_guard<std::mutex> lock(starting);
+        SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+        HANDLE writing = nullptr;
+        if (CreatePipe(&reading, &writing, &inherited, 0) == 0) {
+            return {};
+        }
+        SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0);
+        const bool isRunning = start(words, writing, process);
+        CloseHandle(writing);
+        if (!isRunning) {
+            CloseHandle(reading);
+            return {};
+        }
+    }
+    EndedProcess ended;
+    char buffer[4096];
+    for (DWORD count = 0; ReadFile(reading, buffer, sizeof buffer, &count, nullptr) != 0 && count > 0;) {
+        ended.error.append(buffer, count);
+    }
+    CloseHandle(reading);
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD status = 0;
+    ended.status = GetExitCodeProcess(process.hProcess, &status) != 0 ? static_cast<int>(status) : -1;
+    CloseHandle(process.hProcess);
+    return ended;
 }
 
 bool isWritableFolder(const std::string&) {

@@ -56,6 +56,20 @@ INSTANTIATE_TEST_SUITE_P(
                    "only one of --batch, --check, and --script with --command, can be asked for"},
         WrongUsage{{"a.ma", "--check", "--command", "x"},
                    "only one of --batch, --check, and --script with --command, can be asked for"},
+        WrongUsage{{"--batch", "list", "--jobs", "0"}, "--jobs: '0' is not a number from 1 to 256"},
+        WrongUsage{{"--batch", "list", "--jobs", "257"}, "--jobs: '257' is not a number from 1 to 256"},
+        WrongUsage{{"--batch", "list", "--jobs=-1"}, "--jobs: '-1' is not a number from 1 to 256"},
+        WrongUsage{{"--batch", "list", "--jobs", "2x"}, "--jobs: '2x' is not a number from 1 to 256"},
+        WrongUsage{{"--batch", "list", "--jobs", ""}, "--jobs: '' is not a number from 1 to 256"},
+        WrongUsage{{"--batch", "list", "--jobs", "99999999999"}, "--jobs: '99999999999' is not a number from 1 to 256"},
+        WrongUsage{{"--batch", "list", "--jobs"}, "--jobs: 1 required N missing"},
+        WrongUsage{{"a.ma", "--jobs", "2"}, "--jobs and --print-jobs go with --batch only"},
+        WrongUsage{{"a.ma", "--print-jobs"}, "--jobs and --print-jobs go with --batch only"},
+        WrongUsage{{"--batch", "list", "--jobs", "2", "--print-jobs"},
+                   "--print-jobs runs nothing: --jobs does not go with it"},
+        WrongUsage{{"a.ma", "--project", ""}, "--project: the value is empty"},
+        WrongUsage{{"--batch", "list", "--project", "p"},
+                   "--batch takes the project from its list: --project does not go with it"},
         WrongUsage{{"--check"}, "no scene was named"},
         WrongUsage{{"a.ma", "--check", "-o", "x"},
                    "--check exports nothing: -o, --kinds, --settings and --set do not go with it"},
@@ -99,6 +113,16 @@ TEST(commandLine, aBatchNeedsNoScene) {
     EXPECT_EQ(parsed.commandLine->scene, "");
 }
 
+TEST(commandLine, aBatchIsSharedOrPrinted) {
+    const ParsedCommandLine shared = parse({"--batch", "list.z3be", "--jobs", "256"});
+    ASSERT_TRUE(shared.commandLine.has_value()) << shared.error;
+    EXPECT_EQ(shared.commandLine->jobs, 256);
+    EXPECT_FALSE(shared.commandLine->printsJobs);
+    const ParsedCommandLine printed = parse({"--batch", "list.z3be", "--print-jobs"});
+    ASSERT_TRUE(printed.commandLine.has_value()) << printed.error;
+    EXPECT_TRUE(printed.commandLine->printsJobs);
+}
+
 TEST(commandLine, namesAreCheckedOfAllOrOfASelection) {
     struct Case {
         std::vector<const char*> arguments;
@@ -128,9 +152,9 @@ TEST(commandLine, settingsComeFromAFileAndFromTheLine) {
 TEST(commandLine, helpAndVersionAreAnswers) {
     const ParsedCommandLine help = parse({"--help"});
     EXPECT_EQ(help.exitStatus, kDone);
-    for (const char* word :
-         {"SCENE.ma", "--output", "--kinds", "--settings", "--set", "--select", "--batch", "--check", "--script",
-          "--command", "--quiet", "--no-progress", "--strict", "--plugin", "64 wrong usage"}) {
+    for (const char* word : {"SCENE.ma", "--output", "--kinds", "--settings", "--set", "--select", "--batch", "--jobs",
+                             "--print-jobs", "--project", "--check", "--script", "--command", "--quiet",
+                             "--no-progress", "--strict", "--plugin", "64 wrong usage"}) {
         EXPECT_THAT(help.output, HasSubstr(word));
     }
     EXPECT_EQ(parse({"--version"}).output, "tvkexport 1.6.0\n");
