@@ -28,6 +28,7 @@ void registerTextFileCommands(mel::CommandTable& commands);
 void registerFileSystemCommands(mel::CommandTable& commands, Scene& scene);
 void registerWorkspaceCommands(mel::CommandTable& commands, Scene& scene);
 void registerInterfaceCommands(mel::CommandTable& commands, Scene& scene);
+void registerControlCommands(mel::CommandTable& commands);
 void registerHostCommands(mel::CommandTable& commands, Scene& scene, const HostFacts& facts);
 
 using SceneCommand = std::function<mel::CommandResult(Scene&, const mel::ParsedFlags&)>;

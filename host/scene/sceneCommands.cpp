@@ -24,6 +24,7 @@ void registerSceneCommands(mel::CommandTable& commands, Scene& scene, const Host
     registerFileSystemCommands(commands, scene);
     registerWorkspaceCommands(commands, scene);
     registerInterfaceCommands(commands, scene);
+    registerControlCommands(commands);
     registerHostCommands(commands, scene, facts);
 }
 

@@ -78,6 +78,12 @@ constexpr std::string_view kNothingSelected = "nothing is selected";
 constexpr std::string_view kNoOpenLayout = "editorTemplate -endLayout without a layout that is open";
 constexpr std::string_view kOpenLayout = "a template of the attribute editor leaves a layout open";
 
+// --- dialogs
+constexpr std::string_view kControlExists = "A control is called '%1' already";
+constexpr std::string_view kNoControl = "No control is called '%1'";
+constexpr std::string_view kControlDisabled = "The control '%1' is not enabled";
+constexpr std::string_view kNoChoice = "The menu '%1' has no item %2";
+
 // --- files and projects
 constexpr std::string_view kNoProject = "Project folder not found: %1";
 constexpr std::string_view kUnsavedChanges = "The scene has unsaved changes; -force drops them";
