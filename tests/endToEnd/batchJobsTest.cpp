@@ -12,6 +12,8 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <regex>
 #include <thread>
@@ -232,10 +234,27 @@ TEST_F(SampleJobs, GnuParallelWritesWhatTheBatchWrites) {
     EXPECT_EQ(takeFiles("out"), expected);
 }
 
-// An export of a scene that is a pipe waits for its other end, so it is under way for as long as the test wants.
+// The script of the guide, as each task of an array job runs it.
+TEST_F(SampleJobs, TheArrayJobOfTheGuideWritesWhatTheBatchWrites) {
+    ASSERT_NO_FATAL_FAILURE(printCommands());
+    std::ifstream in(TVK_DOCS "/farm.md");
+    const std::string guide{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    const std::size_t start = guide.find("#!/bin/sh\n");
+    ASSERT_NE(start, std::string::npos);
+    program.write("farm.sh", guide.substr(start, guide.find("```", start) - start));
+    ASSERT_EQ(shell("cp ../commands.sh commands.txt"), 0);
+    for (const char* task : {"3", "1", "4", "2"}) {
+        EXPECT_EQ(shell(std::string("SLURM_ARRAY_TASK_ID=") + task + " sh ../farm.sh >../said.txt 2>&1"), 0);
+    }
+    EXPECT_EQ(takeFiles("out"), expected);
+    program.write("out", "a file where the folder of the files was");
+    EXPECT_EQ(shell("SLURM_ARRAY_TASK_ID=1 sh ../farm.sh >../said.txt 2>&1"), 1) << "a task that fails says so";
+}
+
+// An export into a pipe waits for somebody to read it, so it is under way for as long as the test wants.
 TEST_F(BatchJobs, WhatEndsTheProgramEndsItsProcesses) {
-    ASSERT_EQ(shell("mkfifo ../scenes/endless.ma"), 0);
-    program.write("list.z3be", kStart + "scene \"endless.ma\"\n");
+    ASSERT_EQ(shell("mkdir ../out && mkfifo ../out/house.imd"), 0);
+    program.write("list.z3be", kStart + "scene \"house.ma\"\n");
     const pid_t child = fork();
     if (child == 0) {
         signal(SIGINT, SIG_DFL); // shells have what they start behind themselves ignore it
