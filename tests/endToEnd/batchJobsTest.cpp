@@ -108,6 +108,13 @@ TEST_F(BatchJobs, ALineThatCannotBeFollowedEndsItBeforeAnyExport) {
     EXPECT_THAT(program.names("out"), IsEmpty());
 }
 
+TEST_F(BatchJobs, AProjectThatIsNoFolderIsTold) {
+    const ProgramRun run = program.run({"scenes/house.ma", "--project", "gone"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errorLines(), ElementsAre("Error: the project is no folder: gone"));
+    EXPECT_THAT(program.names(), ElementsAre("scenes", "settings"));
+}
+
 TEST_F(BatchJobs, ASceneThatFailsKeepsNoOtherFromBeingExported) {
     program.write("scenes/broken.ma", "//Maya ASCII 2020 scene\ncreateNode {\n");
     const ProgramRun run =
@@ -223,6 +230,16 @@ TEST_F(SampleJobs, AShellWritesWhatTheBatchWrites) {
     ASSERT_NO_FATAL_FAILURE(printCommands());
     EXPECT_EQ(shell("sh -e ../commands.sh >../said.txt"), 0);
     EXPECT_EQ(takeFiles("out"), expected);
+}
+
+// The samples name their images from their project on.
+TEST_F(SampleJobs, TheProjectOfTheListWinsOverThatOfTheMachine) {
+    FinishedProgram::Surroundings elsewhere;
+    elsewhere.environment["MAYA_PROJECT"] = program.path("scenes");
+    EXPECT_EQ(program.run({"--batch", "samples.z3be", "--jobs", "2"}, elsewhere).status, 0);
+    EXPECT_EQ(takeFiles("out"), expected);
+    EXPECT_EQ(program.run({TVK_SAMPLES "/materials.ma", "-o", "materials"}, elsewhere).status, 1)
+        << "the images are found without a project";
 }
 
 TEST_F(SampleJobs, GnuParallelWritesWhatTheBatchWrites) {
