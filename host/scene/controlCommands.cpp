@@ -37,6 +37,7 @@ std::vector<ControlKind> controlKinds() {
         {"window", "", "", {{"t", "title", text}}, true},
         {"columnLayout", "", "", {{"adj", "adjustableColumn", truth}, {"rs", "rowSpacing", whole}}, true},
         {"frameLayout", "", "", {{"cll", "collapsable", truth}, {"cl", "collapse", truth}}, true},
+        {"scrollLayout", "", "", {{"cr", "childResizable", truth}}, true},
         {"rowLayout", "", "", {{"nc", "numberOfColumns", whole}}, true},
         {"checkBoxGrp",
          "value1",
@@ -48,7 +49,8 @@ std::vector<ControlKind> controlKinds() {
          {{"nf", "numberOfFields", whole}, {"pre", "precision", whole}, {"v1", "value1", real}, change}},
         {"intFieldGrp", "value1", "changeCommand", {{"nf", "numberOfFields", whole}, {"v1", "value1", whole}, change}},
         {"optionMenuGrp", "select", "changeCommand", {{"sl", "select", whole}, change}},
-        {"menuItem", "", "", {}},
+        {"menu", "", "", {{"p", "parent", text}, {"to", "tearOff", truth}}},
+        {"menuItem", "", "command", {{"c", "command", text}}},
         {"textFieldButtonGrp",
          "text",
          "changeCommand",
@@ -103,6 +105,9 @@ CommandResult make(ControlPanel& panel, const ControlKind& kind, const ParsedFla
     storeDefaults(*control, kind);
     store(*control, kind, flags);
     const std::string made = control->name;
+    if (flags.has("parent")) {
+        control->parent = flags.text("parent");
+    }
     if (kind.isLayout) {
         panel.setCurrentLayout(made);
     }
@@ -156,9 +161,9 @@ CommandResult addItem(ControlPanel& panel, const ControlKind& kind, const Parsed
     panel.setCurrentLayout(menu);
     CommandResult result = run(panel, kind, flags);
     panel.setCurrentLayout(layout);
-    mel::Value& choice = panel.find(menu)->settings["select"];
-    if (choice.toInt() == 0) {
-        choice = mel::Value(1);
+    const auto choice = panel.find(menu)->settings.find("select");
+    if (choice != panel.find(menu)->settings.end() && choice->second.toInt() == 0) {
+        choice->second = mel::Value(1);
     }
     return result;
 }
@@ -251,11 +256,14 @@ void registerControlCommands(mel::CommandTable& commands) {
     const std::vector<ControlKind> kinds = controlKinds();
     for (const ControlKind& kind : kinds) {
         add(commands, kind.command, syntaxOf(kind), [=](Interpreter&, const ParsedFlags& flags) {
-            if (kind.command == std::string_view("menuItem")) {
+            const bool makes = !flags.isEdit && !flags.isQuery && !flags.has("exists");
+            if (makes && kind.command == std::string_view("menuItem")) {
                 return addItem(*panel, kind, flags, *menu);
             }
             CommandResult result = run(*panel, kind, flags);
-            if (kind.command == std::string_view("optionMenuGrp") && result.ok() && result.value.isString()) {
+            const bool holdsItems =
+                kind.command == std::string_view("optionMenuGrp") || kind.command == std::string_view("menu");
+            if (holdsItems && result.ok() && result.value.isString()) {
                 *menu = result.value.text();
             }
             return result;
@@ -263,6 +271,11 @@ void registerControlCommands(mel::CommandTable& commands) {
     }
     add(commands, "setParent", FlagSyntax({}, FlagSyntax::kQuery),
         [panel](Interpreter&, const ParsedFlags& flags) { return setParent(*panel, flags); });
+    add(commands, "showWindow", FlagSyntax({}), [panel](Interpreter&, const ParsedFlags& flags) {
+        const std::vector<std::string> names = flags.objectNames();
+        const bool isThere = names.size() == 1 && panel->find(names[0]) != nullptr;
+        return isThere ? CommandResult() : failure(messages::kNeedsObjects, {"showWindow", "the name of a window"});
+    });
     add(commands, "deleteUI", FlagSyntax({}),
         [panel](Interpreter&, const ParsedFlags& flags) { return deleteControls(*panel, flags); });
     add(commands, "useControl", FlagSyntax({}), [panel, kinds](Interpreter& interpreter, const ParsedFlags& flags) {

@@ -25,9 +25,9 @@ struct HostFacts {
 ///   files       file workspace filetest sysFile
 ///   text files  fopen fclose fprint fgetline fgetword fread feof fflush frewind
 ///   interface   callbacks editorTemplate showEditor refreshEditorTemplates (an attribute editor without windows)
-///   dialogs     window columnLayout frameLayout rowLayout checkBoxGrp floatFieldGrp intFieldGrp optionMenuGrp menuItem
-///               textFieldButtonGrp button setParent deleteUI fileDialog2 (controls without windows), and for whoever
-///               plays the user: useControl answerFileDialog
+///   dialogs     window columnLayout frameLayout scrollLayout rowLayout checkBoxGrp floatFieldGrp intFieldGrp
+///               optionMenuGrp menu menuItem textFieldButtonGrp button setParent showWindow deleteUI fileDialog2
+///               (controls without windows), and for whoever plays the user: useControl answerFileDialog
 ///   host        about optionVar
 ///
 /// A command that changes the scene sets its modified flag. A flag that is not known is an error.

@@ -14,6 +14,7 @@ TEST(Controls, SayWhatIsWrong) {
                 {"setParent \"none\";", "ERROR: No control is called 'none'"},
                 {"setParent ..;", "ERROR: No control is called '..'"},
                 {"setParent;", "ERROR: setParent needs the name of a layout"},
+                {"showWindow \"none\";", "ERROR: showWindow needs the name of a window"},
                 {"deleteUI \"none\";", "ERROR: No control is called 'none'"},
                 {"useControl \"none\" 1;", "ERROR: No control is called 'none'"},
                 {"answerFileDialog;", "ERROR: answerFileDialog needs a path"},
@@ -48,6 +49,15 @@ TEST(Controls, MenusBeginWithTheirFirstItem) {
     expectRows(mel, {{"optionMenuGrp \"m\"; optionMenuGrp -query -select \"m\";", "0"},
                      {"menuItem -label \"one\"; menuItem -label \"two\"; optionMenuGrp -query -select \"m\";", "1"},
                      {"optionMenuGrp -edit -select 2 \"m\"; optionMenuGrp -query -select \"m\";", "2"}});
+}
+
+TEST(Controls, ItemsOfMenusRunTheirCommands) {
+    MelScene mel;
+    expectRows(mel, {{"global int $runs = 0; menu -label \"M\" -parent \"\" \"m\"; menuItem -label \"a\""
+                      " -command \"$runs++\" \"item\"; useControl \"item\"; $runs;",
+                      "1"},
+                     {"menu -exists \"m\";", "1"},
+                     {"deleteUI \"m\"; menuItem -exists \"item\";", "0"}});
 }
 
 TEST(Controls, GoWithTheLayoutThatTheyLieIn) {
