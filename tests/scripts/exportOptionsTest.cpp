@@ -326,6 +326,14 @@ TEST(ExportOptionsDialog, SaysThatKeyInterpolationHasNoSetting) {
     EXPECT_NE(dialog.fileText("a.z3es").find("\ninterpolation=\"linear\"\n"), std::string::npos);
 }
 
+TEST(ExportOptionsDialog, BrowsesForAPath) {
+    Dialog dialog("batch_flag=1;");
+    dialog.mel("answerFileDialog \"/logs/a.log\"; TVK_ExportOptsBrowse \"batch_log_path\";");
+    EXPECT_EQ(valuesOf(dialog.query())["batch_log_path"], "/logs/a.log");
+    dialog.mel("TVK_ExportOptsBrowse \"batch_log_path\";");
+    EXPECT_EQ(valuesOf(dialog.query())["batch_log_path"], "/logs/a.log"); // cancelled
+}
+
 TEST(ExportOptionsDialog, CancellingAFileDialogChangesNothing) {
     Dialog dialog("magnify=3;");
     const std::string before = dialog.query();
