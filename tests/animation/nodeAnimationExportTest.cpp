@@ -88,7 +88,8 @@ TEST_F(NodeAnimation, TranslationsAreMagnified) {
 
 TEST_F(NodeAnimation, AOneFrameRangeIsConstantInEveryChannel) {
     exportScene(nodeText("transform", "a") + keyed("a.tx", "0 1 4 5") + playback(2, 2));
-    for (const auto& [word, track] : animation().thing(0).channels) {
+    const AnimationFile file = animation();
+    for (const auto& [word, track] : file.thing(0).channels) {
         EXPECT_EQ(track.dataSize, 1) << word;
         EXPECT_EQ(track.frameStep, 1) << word;
     }
@@ -248,7 +249,8 @@ TEST_P(Compressed, ModelsMoveAsInTheHost) {
     EXPECT_GE(expectMovesAsInTheHost(*this), GetParam() >= 3 ? 1 : 2);
     if (GetParam() >= 3) {
         EXPECT_THAT(model().names(), testing::ElementsAre("world_root", "held"));
-        for (const auto& [word, track] : animation().thing(0).channels) {
+        const AnimationFile file = animation();
+        for (const auto& [word, track] : file.thing(0).channels) {
             EXPECT_EQ(track.dataSize, 1) << word;
         }
     }
