@@ -57,7 +57,8 @@ TEST_F(DrawnFaces, ThatAreSentTwiceAreTold) {
 }
 
 TEST_F(DrawnFaces, ThatWindTheOtherWayAreTold) {
-    std::reverse(drawn().front().begin(), drawn().front().end());
+    const DrawnFace face = drawn().front();
+    drawn().front().assign(face.rbegin(), face.rend());
     EXPECT_NE(difference(), "");
 }
 
