@@ -99,7 +99,8 @@ private:
             face.corners.push_back(corner(number, i, vertices[i], normals[i]));
         }
         if (isTurned) {
-            std::reverse(face.corners.begin(), face.corners.end());
+            const std::vector<SceneCorner> corners = face.corners;
+            face.corners.assign(corners.rbegin(), corners.rend());
         }
         return face;
     }
