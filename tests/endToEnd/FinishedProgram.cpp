@@ -52,9 +52,20 @@ std::vector<char*> pointersTo(std::vector<std::string>& words) {
     return pointers;
 }
 
+/// Another user may not reach the place where the program was built, but the folder for temporary files: copies it
+/// there with all that it loads from beside itself.
+std::string copyProgramTo(const TemporaryFolder& folder) {
+    const fs::path built(TVK_PROGRAM);
+    for (const fs::path& file : {built, fs::path(TVK_PLUGIN), fs::path(TVK_HOST_LIBRARY)}) {
+        fs::copy_file(file, folder.path(file.filename().string()));
+    }
+    return folder.path(built.filename().string());
+}
+
 /// The child's side: becomes the program.
-[[noreturn]] void become(std::vector<std::string> arguments, const FinishedProgram::Surroundings& surroundings,
-                         const std::string& folder, const std::string& outPath, const std::string& errorPath) {
+[[noreturn]] void become(const std::string& program, std::vector<std::string> arguments,
+                         const FinishedProgram::Surroundings& surroundings, const std::string& folder,
+                         const std::string& outPath, const std::string& errorPath) {
     for (const auto& [name, value] : surroundings.environment) {
         setenv(name.c_str(), value.c_str(), 1);
     }
@@ -66,10 +77,10 @@ std::vector<char*> pointersTo(std::vector<std::string>& words) {
     const rlimit addresses{kAddressBytes, kAddressBytes};
     const bool isLimited = !kLimitsAddresses || setrlimit(RLIMIT_AS, &addresses) == 0;
     alarm(static_cast<unsigned int>(surroundings.limitSeconds)); // outlives the change of program
-    arguments.insert(arguments.begin(), TVK_PROGRAM);
-    const bool isUser = !surroundings.asNobody || setuid(kNobody) == 0;
+    arguments.insert(arguments.begin(), program);
+    const bool isUser = !surroundings.asNobody || geteuid() != 0 || setuid(kNobody) == 0;
     if (isLimited && isUser && chdir(folder.c_str()) == 0) {
-        execv(TVK_PROGRAM, pointersTo(arguments).data());
+        execv(program.c_str(), pointersTo(arguments).data());
     }
     _exit(127);
 }
@@ -91,9 +102,10 @@ ProgramRun FinishedProgram::run(const std::vector<std::string>& arguments, const
     const TemporaryFolder printed;
     const std::string outPath = surroundings.out.empty() ? printed.path("out") : surroundings.out;
     const std::string errorPath = printed.path("error");
+    const std::string program = surroundings.asNobody ? copyProgramTo(printed) : TVK_PROGRAM;
     const pid_t child = fork();
     if (child == 0) {
-        become(arguments, surroundings, path(surroundings.workingFolder), outPath, errorPath);
+        become(program, arguments, surroundings, path(surroundings.workingFolder), outPath, errorPath);
     }
     ProgramRun result;
     int ending = 0;

@@ -243,9 +243,8 @@ TEST_F(SampleJobs, TheProjectOfTheListWinsOverThatOfTheMachine) {
 }
 
 TEST_F(SampleJobs, GnuParallelWritesWhatTheBatchWrites) {
-    if (shell("parallel --version 2>/dev/null | grep -q '^GNU parallel'") != 0) {
-        GTEST_SKIP() << "GNU parallel is not installed (Debian: apt-get install parallel)";
-    }
+    ASSERT_EQ(shell("parallel --version 2>/dev/null | grep -q '^GNU parallel'"), 0)
+        << "GNU parallel is not installed (Debian: apt-get install parallel)";
     ASSERT_NO_FATAL_FAILURE(printCommands());
     EXPECT_EQ(shell("HOME=.. parallel -j 2 <../commands.sh >../said.txt 2>&1"), 0) << program.bytes("said.txt");
     EXPECT_EQ(takeFiles("out"), expected);

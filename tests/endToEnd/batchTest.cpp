@@ -8,8 +8,6 @@
 
 #include <filesystem>
 #include <sstream>
-#include <unistd.h>
-
 namespace tvk {
 namespace {
 
@@ -116,30 +114,23 @@ TEST_F(Batch, ItIsTheSameAsSingleExports) {
 
 // --- places and languages
 
-TEST_F(Batch, ALogInAReadOnlyFolderIsToldBeforeAnyExport) {
+TEST_F(Batch, PlacesInAReadOnlyFolderAreToldBeforeAnyExport) {
     namespace fs = std::filesystem;
     fs::create_directories(program.path("sealed"));
     fs::permissions(program.path("sealed"),
                     fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
-    program.write("list.z3be", "# TVK_Batch_Export\nlog \"sealed/log.txt\"\n");
     FinishedProgram::Surroundings surroundings;
-    surroundings.asNobody = geteuid() == 0;
-    const ProgramRun run = program.run({"--batch", "list.z3be"}, surroundings);
-    EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.errorLines().front(), "Error: Can't open file: sealed/log.txt");
-}
-
-TEST_F(Batch, AnOutputFolderInAReadOnlyFolderIsTold) {
-    namespace fs = std::filesystem;
-    fs::create_directories(program.path("sealed"));
-    fs::permissions(program.path("sealed"),
-                    fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_read | fs::perms::others_exec);
-    program.write("list.z3be", "# TVK_Batch_Export\noutput_folder \"sealed/out\"\n");
-    FinishedProgram::Surroundings surroundings;
-    surroundings.asNobody = geteuid() == 0;
-    const ProgramRun run = program.run({"--batch", "list.z3be"}, surroundings);
-    EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.errorLines().front(), "Error: \"output_folder\" is wrong: sealed/out");
+    surroundings.asNobody = true;
+    const std::pair<const char*, const char*> cases[] = {
+        {"log \"sealed/log.txt\"", "Error: Can't open file: sealed/log.txt"},
+        {"output_folder \"sealed/out\"", "Error: \"output_folder\" is wrong: sealed/out"}};
+    for (const auto& [line, error] : cases) {
+        program.write("list.z3be", std::string("# TVK_Batch_Export\n") + line + "\n");
+        const ProgramRun run = program.run({"--batch", "list.z3be"}, surroundings);
+        EXPECT_EQ(run.status, 1) << line;
+        ASSERT_FALSE(run.errorLines().empty()) << line;
+        EXPECT_EQ(run.errorLines().front(), error);
+    }
 }
 
 // Katakana "so", whose second byte in Shift_JIS is that of a backslash, a decimal comma, and a Windows editor.
