@@ -21,7 +21,7 @@ constexpr CodeText kCodeTexts[] = {
     {"kInvalidParameter", "an argument or the object does not fit the call"},
     {"kLicenseFailure", "the licence does not allow the call"},
     {"kUnknownParameter", "an argument is not known"},
-    {"kNotImplemented", "the call is not implemented"},
+    {"kNotImplemented", "the object has no such operation"},
     {"kNotFound", "nothing was found"},
     {"kEndOfFile", "the end of the file was reached"},
 };
