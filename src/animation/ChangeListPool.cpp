@@ -56,14 +56,11 @@ void ChangeListPool::encode(const std::vector<int32_t>& values, bool inlineConst
 }
 
 void writeValueBlock(std::ostream& out, const char* name, const std::vector<int32_t>& values) {
-    constexpr size_t kValuesPerLine = 10;
+    constexpr int kTabs = 2;
     out << "\t<" << name;
     writeAttribute(out, "size", static_cast<int64_t>(values.size()));
     out << ">\n";
-    for (size_t i = 0; i < values.size(); ++i) {
-        const bool endsLine = i % kValuesPerLine == kValuesPerLine - 1 || i + 1 == values.size();
-        out << (i % kValuesPerLine == 0 ? "\t\t" : "") << integerText(values[i]) << (endsLine ? "\n" : " ");
-    }
+    writeTenToALine(out, kTabs, values.size(), [&](std::size_t i) { return integerText(values[i]); });
     out << "\t</" << name << ">\n";
 }
 

@@ -11,7 +11,6 @@
 namespace tvk {
 namespace {
 
-constexpr int32_t kKeyInterpolation = 2;
 constexpr float kFullColor = 31.0F;
 
 /// Channels that share a pool.

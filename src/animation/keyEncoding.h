@@ -9,6 +9,9 @@
 
 namespace tvk {
 
+/// ExportOptions::animeInterp of channels that are stored as curves.
+inline constexpr int32_t kKeyInterpolation = 2;
+
 /// One key as it is stored: frame, value, in-slope and out-slope (value per frame), all times 4096.
 using StoredKey = std::array<int32_t, 4>;
 

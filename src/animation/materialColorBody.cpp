@@ -1,5 +1,6 @@
 #include "animation/materialColorBody.h"
 
+#include "animation/keyEncoding.h"
 #include "animation/poolText.h"
 #include "scene/Run.h"
 #include "scene/xmlText.h"
@@ -10,8 +11,6 @@
 
 namespace tvk {
 namespace {
-
-constexpr int32_t kKeyInterpolation = 2;
 
 constexpr std::array<const char*, kColorChannelCount> kChannelWords{
     "diffuse_r",  "diffuse_g",  "diffuse_b",  "ambient_r",  "ambient_g",  "ambient_b",    "specular_r",

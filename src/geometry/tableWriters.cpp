@@ -62,15 +62,12 @@ void writeValues(std::ostream& out, const Values& values, int shift, const Fixed
 
 template <typename Value>
 void writeEnvelopeList(std::ostream& out, const char* name, const Value& valueOf) {
-    constexpr std::size_t kValuesPerLine = 10;
+    constexpr int kTabs = 2;
     const std::vector<EnvelopeEntry>& entries = run().scene.envelope;
     out << "\t<" << name;
     writeAttribute(out, "size", static_cast<int64_t>(entries.size()));
     out << ">\n";
-    for (std::size_t i = 0; i < entries.size(); ++i) {
-        const bool endsLine = i % kValuesPerLine == kValuesPerLine - 1 || i + 1 == entries.size();
-        out << (i % kValuesPerLine == 0 ? "\t\t" : "") << integerText(valueOf(entries[i])) << (endsLine ? '\n' : ' ');
-    }
+    writeTenToALine(out, kTabs, entries.size(), [&](std::size_t i) { return integerText(valueOf(entries[i])); });
     out << "\t</" << name << ">\n";
 }
 

@@ -3,8 +3,9 @@
 #include "scene/AnimTrack.h"
 #include "scene/NodeRecord.h"
 
+#include <cstddef>
 #include <cstdint>
-#include <iosfwd>
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -28,6 +29,20 @@ void writeAttributeLine(std::ostream& out, int tabs, std::string_view name, int6
 /// A fixed-point vector as three values with a blank between them, each rounded to 1/4096; raw integers by
 /// ExportOptions::rawValues. Returned as text for an attribute.
 std::string fixedVectorText(const Vector3& value);
+
+/// `count` texts, ten to a line, each line behind `tabs` tabs, single blanks between; a line ends behind the last.
+///   textOf   callable: std::size_t -> what goes on a stream
+template <typename TextOf>
+void writeTenToALine(std::ostream& out, int tabs, std::size_t count, const TextOf& textOf) {
+    constexpr std::size_t kPerLine = 10;
+    for (std::size_t i = 0; i < count; ++i) {
+        for (int tab = 0; tab < tabs && i % kPerLine == 0; ++tab) {
+            out << '\t';
+        }
+        const bool endsLine = i % kPerLine == kPerLine - 1 || i + 1 == count;
+        out << textOf(i) << (endsLine ? '\n' : ' ');
+    }
+}
 
 /// frame_step, data_size and data_head of an encoded channel.
 void writeTrackAttributes(std::ostream& out, const AnimTrack& track);
