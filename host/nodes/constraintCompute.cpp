@@ -7,6 +7,9 @@
 
 #include <Imath/ImathQuat.h>
 
+#include <initializer_list>
+#include <utility>
+
 namespace host {
 
 namespace {
@@ -26,6 +29,24 @@ bool computeAsTransform(Evaluation& evaluation, Node& node, const PlugAddress& o
     }
     computeDagMatrices(evaluation, node, output);
     return true;
+}
+
+/// The outputs of a constraint: those of a transform, and those of its own.
+///   held   pairs of an output and its rest value, which it has while there is nothing to follow
+///   put    callable: const ConstraintTargets& -> bool; puts the outputs, false when the targets do not determine them
+template <typename Put>
+void follow(Evaluation& evaluation, Node& node, const PlugAddress& output, const ConstraintAttributes& attributes,
+            std::initializer_list<std::pair<AttrIndex, AttrIndex>> held, const Put& put) {
+    if (computeAsTransform(evaluation, node, output)) {
+        return;
+    }
+    ConstraintTargets targets(evaluation, node, attributes);
+    if (targets.isFollowing() && put(std::as_const(targets))) {
+        return;
+    }
+    for (const auto& [value, rest] : held) {
+        targets.putRest(value, rest);
+    }
 }
 
 V3d turned(const V3d& vector, const Matrix44& matrix) {
@@ -106,105 +127,86 @@ M33d aimedRotation(Evaluation& evaluation, Node& node, const V3d& place, const V
 } // namespace
 
 void computePointConstraint(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    if (computeAsTransform(evaluation, node, output)) {
-        return;
-    }
     static const ConstraintAttributes kAttributes(node.type());
-    ConstraintTargets targets(evaluation, node, kAttributes);
-    if (!targets.isFollowing()) {
-        targets.putRest(kAttributes.constraintTranslate, kAttributes.restTranslate);
-        return;
-    }
-    putTriple(evaluation, node, kAttributes.constraintTranslate,
-              targets.translationTo(targets.position()) + readTriple(evaluation, node, kAttributes.offset));
+    const ConstraintAttributes& attr = kAttributes;
+    follow(evaluation, node, output, attr, {{attr.constraintTranslate, attr.restTranslate}},
+           [&](const ConstraintTargets& targets) {
+               putTriple(evaluation, node, attr.constraintTranslate,
+                         targets.translationTo(targets.position()) + readTriple(evaluation, node, attr.offset));
+               return true;
+           });
 }
 
 void computePoleVectorConstraint(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    if (computeAsTransform(evaluation, node, output)) {
-        return;
-    }
     static const ConstraintAttributes kAttributes(node.type());
     static const AttrIndex kPivotSpace = node.type().find("pivotSpace");
-    ConstraintTargets targets(evaluation, node, kAttributes);
-    if (!targets.isFollowing()) {
-        targets.putRest(kAttributes.constraintTranslate, kAttributes.restTranslate);
-        return;
-    }
-    const Matrix44 space = evaluation.matrix(node, address(kPivotSpace));
-    const V3d start = turned(targets.pivotOfHeld(), space) + originOf(space);
-    putTriple(evaluation, node, kAttributes.constraintTranslate,
-              turned(targets.position() - start, targets.parentInverse()) +
-                  readTriple(evaluation, node, kAttributes.offset));
+    const ConstraintAttributes& attr = kAttributes;
+    follow(evaluation, node, output, attr, {{attr.constraintTranslate, attr.restTranslate}},
+           [&](const ConstraintTargets& targets) {
+               const Matrix44 space = evaluation.matrix(node, address(kPivotSpace));
+               const V3d start = turned(targets.pivotOfHeld(), space) + originOf(space);
+               putTriple(evaluation, node, attr.constraintTranslate,
+                         turned(targets.position() - start, targets.parentInverse()) +
+                             readTriple(evaluation, node, attr.offset));
+               return true;
+           });
 }
 
 void computeOrientConstraint(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    if (computeAsTransform(evaluation, node, output)) {
-        return;
-    }
     static const ConstraintAttributes kAttributes(node.type());
-    ConstraintTargets targets(evaluation, node, kAttributes);
-    if (!targets.isFollowing()) {
-        targets.putRest(kAttributes.constraintRotate, kAttributes.restRotate);
-        return;
-    }
-    const M33d offset = rotationMatrix(readTriple(evaluation, node, kAttributes.offset), RotateOrder::kXYZ);
-    putTriple(evaluation, node, kAttributes.constraintRotate, targets.anglesTo(offset * targets.rotation()));
+    const ConstraintAttributes& attr = kAttributes;
+    follow(evaluation, node, output, attr, {{attr.constraintRotate, attr.restRotate}},
+           [&](const ConstraintTargets& targets) {
+               const M33d offset = rotationMatrix(readTriple(evaluation, node, attr.offset), RotateOrder::kXYZ);
+               putTriple(evaluation, node, attr.constraintRotate, targets.anglesTo(offset * targets.rotation()));
+               return true;
+           });
 }
 
 void computeParentConstraint(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    if (computeAsTransform(evaluation, node, output)) {
-        return;
-    }
     static const ConstraintAttributes kAttributes(node.type());
-    ConstraintTargets targets(evaluation, node, kAttributes);
-    if (!targets.isFollowing()) {
-        targets.putRest(kAttributes.constraintTranslate, kAttributes.restTranslate);
-        targets.putRest(kAttributes.constraintRotate, kAttributes.restRotate);
-        return;
-    }
-    putTriple(evaluation, node, kAttributes.constraintTranslate, targets.translationTo(targets.position()));
-    putTriple(evaluation, node, kAttributes.constraintRotate, targets.anglesTo(targets.rotation()));
+    const ConstraintAttributes& attr = kAttributes;
+    follow(evaluation, node, output, attr,
+           {{attr.constraintTranslate, attr.restTranslate}, {attr.constraintRotate, attr.restRotate}},
+           [&](const ConstraintTargets& targets) {
+               putTriple(evaluation, node, attr.constraintTranslate, targets.translationTo(targets.position()));
+               putTriple(evaluation, node, attr.constraintRotate, targets.anglesTo(targets.rotation()));
+               return true;
+           });
 }
 
 void computeScaleConstraint(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    if (computeAsTransform(evaluation, node, output)) {
-        return;
-    }
     static const ConstraintAttributes kAttributes(node.type());
-    ConstraintTargets targets(evaluation, node, kAttributes);
-    if (!targets.isFollowing()) {
-        targets.putRest(kAttributes.constraintScale, kAttributes.restScale);
-        return;
-    }
-    V3d scale = targets.scale() * readTriple(evaluation, node, kAttributes.offset);
-    const V3d parent = piecesOf(targets.parentInverse().gjInverse()).scale;
-    for (int axis = 0; axis < 3; ++axis) {
-        scale[axis] /= parent[axis] == 0.0 ? 1.0 : parent[axis];
-    }
-    putTriple(evaluation, node, kAttributes.constraintScale, scale);
+    const ConstraintAttributes& attr = kAttributes;
+    follow(evaluation, node, output, attr, {{attr.constraintScale, attr.restScale}},
+           [&](const ConstraintTargets& targets) {
+               V3d scale = targets.scale() * readTriple(evaluation, node, attr.offset);
+               const V3d parent = piecesOf(targets.parentInverse().gjInverse()).scale;
+               for (int axis = 0; axis < 3; ++axis) {
+                   scale[axis] /= parent[axis] == 0.0 ? 1.0 : parent[axis];
+               }
+               putTriple(evaluation, node, attr.constraintScale, scale);
+               return true;
+           });
 }
 
 void computeAimConstraint(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    if (computeAsTransform(evaluation, node, output)) {
-        return;
-    }
     static const ConstraintAttributes kAttributes(node.type());
-    ConstraintTargets targets(evaluation, node, kAttributes);
-    V3d place(0.0);
-    V3d direction(0.0);
-    if (targets.isFollowing()) {
-        const Matrix44 parent = targets.parentInverse().gjInverse();
-        const V3d held = readTriple(evaluation, node, kAttributes.constraintTranslate) + targets.pivotOfHeld();
-        place = turned(held, parent) + originOf(parent);
-        direction = targets.position() - place;
-    }
-    if (!isDirection(direction)) {
-        targets.putRest(kAttributes.constraintRotate, kAttributes.restRotate);
-        return;
-    }
-    const M33d offset = rotationMatrix(readTriple(evaluation, node, kAttributes.offset), RotateOrder::kXYZ);
-    putTriple(evaluation, node, kAttributes.constraintRotate,
-              targets.anglesTo(offset * aimedRotation(evaluation, node, place, direction)));
+    const ConstraintAttributes& attr = kAttributes;
+    follow(evaluation, node, output, attr, {{attr.constraintRotate, attr.restRotate}},
+           [&](const ConstraintTargets& targets) {
+               const Matrix44 parent = targets.parentInverse().gjInverse();
+               const V3d held = readTriple(evaluation, node, attr.constraintTranslate) + targets.pivotOfHeld();
+               const V3d place = turned(held, parent) + originOf(parent);
+               const V3d direction = targets.position() - place;
+               if (!isDirection(direction)) {
+                   return false;
+               }
+               const M33d offset = rotationMatrix(readTriple(evaluation, node, attr.offset), RotateOrder::kXYZ);
+               putTriple(evaluation, node, attr.constraintRotate,
+                         targets.anglesTo(offset * aimedRotation(evaluation, node, place, direction)));
+               return true;
+           });
 }
 
 void fillConstraintAffects(NodeType& type) {
