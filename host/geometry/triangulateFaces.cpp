@@ -1,5 +1,6 @@
 #include "host/geometry/triangulation.h"
-#include "host/geometry/userNormals.h"
+
+#include "host/geometry/meshNumbers.h"
 
 #include <algorithm>
 #include <map>
@@ -8,8 +9,6 @@
 namespace host {
 
 namespace {
-
-using Ids = std::vector<std::int32_t>;
 
 std::size_t at(std::int32_t index) {
     return static_cast<std::size_t>(index);
@@ -34,16 +33,10 @@ public:
         auto made = std::make_shared<MeshData>(mesh_);
         std::string problem;
         made->topology = MeshTopology::make(topology_.vertexCount(), std::move(edges_), std::move(faces_), problem);
-        for (UvSet& set : made->uvSets) {
-            set.ids = carriedIds(*set.ids, *made->topology);
-        }
-        for (ColorSet& set : made->colorSets) {
-            set.ids = carriedIds(*set.ids, *made->topology);
-        }
+        carryCorners(mesh_, *made, cornerFrom_);
         for (ComponentGroup& group : made->groups) {
-            group.components = carriedComponents(*group.components);
+            group.components = withCutFaces(*group.components, firstNew_);
         }
-        carryUserNormals(mesh_, *made, cornerFrom_);
         return made;
     }
 
@@ -96,37 +89,6 @@ private:
             return entry->second;
         }
         return -entry->second - 1; // the triangle on the other side walks it backward
-    }
-
-    std::shared_ptr<const FaceIds> carriedIds(const FaceIds& ids, const MeshTopology& made) const {
-        auto carried = std::make_shared<FaceIds>();
-        for (std::size_t i = 0; i < ids.faces.size(); ++i) {
-            const std::int32_t face = ids.faces[i];
-            const std::int32_t offset = ids.starts[i] - topology_.firstCorner(face);
-            for (std::int32_t next = firstNew_[at(face)]; next < firstNew_[at(face + 1)]; ++next) {
-                carried->faces.push_back(next);
-                for (std::int32_t corner = made.firstCorner(next); corner < made.firstCorner(next + 1); ++corner) {
-                    carried->ids.push_back(ids.ids[at(cornerFrom_[at(corner)] + offset)]);
-                }
-                carried->starts.push_back(static_cast<std::int32_t>(carried->ids.size()));
-            }
-        }
-        return carried;
-    }
-
-    std::shared_ptr<const ComponentList> carriedComponents(const ComponentList& list) const {
-        auto carried = std::make_shared<ComponentList>(list);
-        for (ComponentRange& range : carried->ranges) {
-            if (range.kind != ComponentKind::kFace || range.index[0].isAll()) {
-                continue;
-            }
-            const std::int32_t count = topology_.faceCount();
-            const std::int32_t first = std::min(range.index[0].first, count);
-            const std::int32_t last = std::min(range.index[0].last, count - 1);
-            range.index[0].first = firstNew_[at(first)];
-            range.index[0].last = last < first ? range.index[0].first : firstNew_[at(last + 1)] - 1;
-        }
-        return carried;
     }
 
     const MeshData& mesh_;

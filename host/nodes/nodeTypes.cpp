@@ -51,6 +51,7 @@ void registerNodeTypes(NodeTypeRegistry& types) {
     registerUtilityTypes(types);
     registerConstraintTypes(types);
     registerDeformerTypes(types);
+    registerPolyCreatorTypes(types);
     registerPolyTypes(types);
     registerSystemTypes(types);
     registerRenderTypes(types);

@@ -3,9 +3,11 @@
 #include "host/nodes/historyCompute.h"
 #include "host/nodes/meshRows.h"
 #include "host/nodes/paintCorners.h"
+#include "host/nodes/polyModifier.h"
 
 #include "host/geometry/meshComponents.h"
 #include "host/geometry/meshEdits.h"
+#include "host/geometry/quadrangulation.h"
 #include "host/geometry/triangulation.h"
 
 #include <algorithm>
@@ -19,32 +21,6 @@ namespace {
 
 PlugAddress address(AttrIndex attr) {
     return {attr, 0, {}};
-}
-
-/// The same in all modifiers, since a type's own attributes come after those that it inherits.
-struct ModifierAttributes {
-    explicit ModifierAttributes(const NodeType& type)
-        : input(type.find("inputPolymesh")), components(type.find("inputComponents")), matrix(type.find("inputMatrix")),
-          worldSpace(type.find("worldSpace")) {}
-
-    AttrIndex input, components, matrix, worldSpace;
-};
-
-const ModifierAttributes& modifierAttributes(const Node& node) {
-    static const ModifierAttributes kAttributes(node.type());
-    return kAttributes;
-}
-
-/// Never null.
-std::shared_ptr<const ComponentList> listOf(Evaluation& evaluation, Node& node, AttrIndex attr) {
-    const DataPtr data = evaluation.data(node, address(attr));
-    return data != nullptr && data->kind == DataKind::kComponentList
-               ? std::static_pointer_cast<const ComponentList>(data)
-               : std::make_shared<const ComponentList>();
-}
-
-std::shared_ptr<const ComponentList> chosenOf(Evaluation& evaluation, Node& node) {
-    return listOf(evaluation, node, modifierAttributes(node).components);
 }
 
 void tweakPoints(Evaluation& evaluation, Node& node, MeshData& mesh) {
@@ -81,10 +57,8 @@ void tweakUvs(Evaluation& evaluation, Node& node, MeshData& mesh) {
 
 void softenChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
     static const AttrIndex kAngle = node.type().find("angle");
-    const ModifierAttributes& attr = modifierAttributes(node);
-    const bool isInWorld = evaluation.number(node, attr.worldSpace) != 0.0;
     mesh = *softenEdges(mesh, namedEdges(*chosenOf(evaluation, node), *mesh.topology), evaluation.number(node, kAngle),
-                        isInWorld ? evaluation.matrix(node, address(attr.matrix)) : Matrix44());
+                        workingSpace(evaluation, node));
 }
 
 void reverseChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
@@ -102,6 +76,17 @@ void triangulateChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
     mesh = *triangulateFaces(mesh, namedFaces(*chosenOf(evaluation, node), *mesh.topology));
 }
 
+void quadrangulateChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    const auto isSet = [&](const char* name) { return evaluation.number(node, node.type().find(name)) != 0.0; };
+    QuadRules rules;
+    rules.angle = evaluation.number(node, node.type().find("angle"));
+    rules.keepsGroupBorders = isSet("keepGroupBorder");
+    rules.keepsUvBorders = isSet("keepTextureBorders");
+    rules.keepsHardEdges = isSet("keepHardEdges");
+    rules.matrix = workingSpace(evaluation, node);
+    mesh = *quadrangulateFaces(mesh, namedFaces(*chosenOf(evaluation, node), *mesh.topology), rules);
+}
+
 void unmapChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
     if (UvSet* set = uvSetOf(evaluation, node, mesh)) {
         *set = withoutFaces(*set, namedFaces(*chosenOf(evaluation, node), *mesh.topology));
@@ -110,7 +95,7 @@ void unmapChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
 
 void deleteChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
     static const AttrIndex kComponents = node.type().find("deleteComponents");
-    const auto list = listOf(evaluation, node, kComponents);
+    const auto list = componentsOf(evaluation, node, kComponents);
     const bool hasOthers = std::any_of(list->ranges.begin(), list->ranges.end(),
                                        [](const ComponentRange& range) { return range.kind != ComponentKind::kFace; });
     if (hasOthers) {
@@ -149,6 +134,10 @@ void computePolyNormal(Evaluation& evaluation, Node& node, const PlugAddress& ou
 
 void computePolyTriangulate(Evaluation& evaluation, Node& node, const PlugAddress& output) {
     putChanged(evaluation, node, modifierAttributes(node).input, output, triangulateChosen);
+}
+
+void computePolyQuad(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    putChanged(evaluation, node, modifierAttributes(node).input, output, quadrangulateChosen);
 }
 
 void computePolyMapDel(Evaluation& evaluation, Node& node, const PlugAddress& output) {

@@ -12,6 +12,7 @@ void computePolyTweakUv(Evaluation& evaluation, Node& node, const PlugAddress& o
 void computePolySoftEdge(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolyNormal(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolyTriangulate(Evaluation& evaluation, Node& node, const PlugAddress& output);
+void computePolyQuad(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolyMapDel(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolyColorPerVertex(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computeDeleteComponent(Evaluation& evaluation, Node& node, const PlugAddress& output);

@@ -18,6 +18,7 @@ void registerAnimTypes(NodeTypeRegistry& types);
 void registerUtilityTypes(NodeTypeRegistry& types);
 void registerConstraintTypes(NodeTypeRegistry& types);
 void registerDeformerTypes(NodeTypeRegistry& types);
+void registerPolyCreatorTypes(NodeTypeRegistry& types);
 void registerPolyTypes(NodeTypeRegistry& types);
 void registerSystemTypes(NodeTypeRegistry& types);
 void registerRenderTypes(NodeTypeRegistry& types);

@@ -55,7 +55,7 @@ TEST_P(EveryModifier, WithoutInputGivesNothing) {
 
 INSTANTIATE_TEST_SUITE_P(Types, EveryModifier,
                          testing::Values("polyTweak", "polyTweakUV", "polySoftEdge", "polyNormal", "polyMapDel",
-                                         "polyColorPerVertex", "polyTriangulate", "polyBevel3"),
+                                         "polyColorPerVertex", "polyTriangulate", "polyQuad", "polyBevel3"),
                          [](const auto& row) { return std::string(row.param); });
 
 TEST_F(Modifier, TweakUvMovesCoordinatesOfTheSetThatItNames) {
@@ -97,6 +97,47 @@ TEST_F(Modifier, TriangulateCutsFaces) {
     setComponents(node, "inputComponents", {"f[*]"});
     EXPECT_EQ(result()->topology->faceCount(), 12);
     EXPECT_EQ(result()->topology->cornerCount(), 36);
+}
+
+TEST_F(Modifier, QuadUndoesTriangulate) {
+    Node& cut = make("polyTriangulate", "cut");
+    Node& node = modify("polyQuad");
+    EXPECT_EQ(graph.connect(plug(cube, "output"), plug(cut, "inputPolymesh"), true).error, "");
+    EXPECT_EQ(graph.connect(plug(cut, "output"), plug(node, "inputPolymesh"), true).error, "");
+    setComponents(cut, "inputComponents", {"f[*]"});
+    setComponents(node, "inputComponents", {"f[0:5]"});
+    EXPECT_EQ(result()->topology->faceCount(), 9);
+    setComponents(node, "inputComponents", {"f[*]"});
+    EXPECT_EQ(result()->topology->cornerEdges(), meshOf(graph.data(plug(cube, "output")))->topology->cornerEdges());
+}
+
+TEST_F(Modifier, QuadAsksItsSwitches) {
+    Node& roof = makeMesh("roof"); // two triangles, bent by 45 degrees along a hard edge
+    setRows(roof, "vrts", {0, -1, 0, 1, 0, 0, 0, 1, 0, -1, 0, 1});
+    setRows(roof, "edge", {0, 1, 1, 1, 2, 1, 2, 0, 0, 2, 3, 1, 3, 0, 1});
+    setFaces(roof, {{0, 1, 2}, {-3, 3, 4}});
+    Node& parts = make("groupParts", "parts");
+    connect(roof, "outMesh", parts, "inputGeometry");
+    setComponents(parts, "inputComponents", {"f[1]"});
+    Node& node = modify("polyQuad");
+    EXPECT_EQ(graph.connect(plug(parts, "outputGeometry"), plug(node, "inputPolymesh"), true).error, "");
+    setComponents(node, "inputComponents", {"f[*]"});
+    set(node, "angle", 46 * kDegree);
+    set(node, "keepHardEdges", 0);
+    set(node, "keepGroupBorder", 0);
+    EXPECT_EQ(result()->topology->faceCount(), 1);
+    set(node, "keepHardEdges", 1);
+    EXPECT_EQ(result()->topology->faceCount(), 2);
+    set(node, "keepHardEdges", 0);
+    set(node, "keepGroupBorder", 1);
+    EXPECT_EQ(result()->topology->faceCount(), 2);
+    set(node, "keepGroupBorder", 0);
+    set(node, "angle", 44 * kDegree);
+    EXPECT_EQ(result()->topology->faceCount(), 2);
+    setMatrix(node, "inputMatrix", Matrix44().setScale(Imath::V3d(1, 1, 0.5)));
+    EXPECT_EQ(result()->topology->faceCount(), 1) << "it is flatter where it stands";
+    set(node, "worldSpace", 0);
+    EXPECT_EQ(result()->topology->faceCount(), 2);
 }
 
 TEST_F(Modifier, MapDelUnmapsFaces) {
