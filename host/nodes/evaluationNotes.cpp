@@ -14,26 +14,26 @@ namespace {
 struct Consequence {
     std::string_view type; // or one that derives from it; the first row that fits counts
     std::string_view text;
+    bool isRefused = false; // where it shapes a mesh
 };
 
 constexpr std::string_view kPassesThrough = "passes its input through";
 
 constexpr Consequence kConsequences[] = {
-    {"polyModifier", kPassesThrough},      {"geometryFilter", kPassesThrough},    {"groupParts", kPassesThrough},
-    {"transformGeometry", kPassesThrough}, {"deleteComponent", kPassesThrough},   {"createColorSet", kPassesThrough},
-    {"copyColorSet", kPassesThrough},      {"deleteColorSet", kPassesThrough},    {"createUVSet", kPassesThrough},
-    {"deleteUVSet", kPassesThrough},       {"polyBase", "makes no mesh"},         {"nurbsTessellate", "makes no mesh"},
-    {"subdToPoly", "makes no mesh"},       {"animBlendNodeBase", kPassesThrough},
+    {"polyModifier", kPassesThrough}, {"geometryFilter", kPassesThrough, true}, {"copyColorSet", kPassesThrough},
+    {"polyBase", "makes no mesh"},    {"nurbsTessellate", "makes no mesh"},     {"subdToPoly", "makes no mesh"},
+    {"animBlendNodeBase", kPassesThrough},
 };
+constexpr Consequence kUsualConsequence{"", "keeps its stored values"};
 
 /// Attributes through which nothing reaches a transformation or points: shading, memberships, the host's own windows.
 constexpr std::string_view kHarmless[] = {"instObjGroups",   "compInstObjGroups", "tweakLocation", "renderInfo",
                                           "renderLayerInfo", "publishedNodeInfo", "dagSetMembers", "dnSetMembers"};
 
-std::string_view consequenceOf(const NodeType& type) {
+const Consequence& consequenceOf(const NodeType& type) {
     const auto row = std::find_if(std::begin(kConsequences), std::end(kConsequences),
                                   [&](const Consequence& each) { return type.isKindOf(each.type); });
-    return row == std::end(kConsequences) ? "keeps its stored values" : row->text;
+    return row == std::end(kConsequences) ? kUsualConsequence : *row;
 }
 
 bool isNotEvaluated(const Node& node) {
@@ -47,6 +47,32 @@ bool isHarmless(const Node& node, AttrIndex attr) {
     return std::find(std::begin(kHarmless), std::end(kHarmless), node.attribute(attr).longName) != std::end(kHarmless);
 }
 
+/// A number that nothing changes while the scene is open, unless a script does.
+bool isSteady(Graph& graph, Node& node, std::string_view attribute, double value) {
+    const Plug plug{&node, graph.findPlug(node, attribute)};
+    return plug && !graph.isDriven(plug) && graph.number(plug) == value;
+}
+
+/// Through which meshes travel.
+bool isGeometry(const Attribute& attribute) {
+    return attribute.dataKind == DataKind::kMesh || attribute.fileType == "geometry";
+}
+
+/// Whether the shape is seen, or another reads it.
+bool isMeshInUse(Graph& graph, Node& node) {
+    if (!node.type().isKindOf("mesh")) {
+        return false;
+    }
+    const auto& outgoing = node.outgoing();
+    return !isSteady(graph, node, "intermediateObject", 1.0) ||
+           std::any_of(outgoing.begin(), outgoing.end(),
+                       [&](const auto& link) { return isGeometry(node.attribute(link.first.attr)); });
+}
+
+const Node& shownFor(const Node& driven) {
+    return driven.type().dagRole == DagRole::kShape && !driven.parents().empty() ? *driven.parents().front() : driven;
+}
+
 /// Where nodes that are not evaluated can do harm.
 bool isWatched(const Node& node) {
     return (node.type().dagRole == DagRole::kTransform && !isNotEvaluated(node)) ||
@@ -55,10 +81,13 @@ bool isWatched(const Node& node) {
 
 class NoteFinder {
 public:
-    explicit NoteFinder(const Graph& graph) : graph_(graph) {}
+    explicit NoteFinder(Graph& graph) : graph_(graph) {}
 
-    std::vector<std::string> run() {
+    EvaluationNotes run() {
         for (Node* node : graph_.nodes()) {
+            if (notes_.refusal.empty() && isMeshInUse(graph_, *node)) {
+                findRefused(*node);
+            }
             if (isWatched(*node)) {
                 findDrivers(*node);
             }
@@ -77,13 +106,46 @@ private:
         while (!open.empty()) {
             const Node& node = *open.back();
             open.pop_back();
-            if (isNotEvaluated(node)) {
+            if (isNotEvaluated(node) && hasEffect(node)) {
                 note(node, driven);
             }
-            if (isNotEvaluated(node) ? consequenceOf(node.type()) == kPassesThrough : !node.isDag()) {
+            if (isNotEvaluated(node) ? consequenceOf(node.type()).text == kPassesThrough : !node.isDag()) {
                 addDrivers(node, open);
             }
         }
+    }
+
+    /// Looks along the way that the geometry of a mesh takes for the first node that is refused.
+    void findRefused(Node& mesh) {
+        std::vector<Node*> open{&mesh};
+        std::unordered_set<const Node*> seen{&mesh};
+        while (!open.empty()) {
+            Node& node = *open.back();
+            open.pop_back();
+            if (isNotEvaluated(node) && consequenceOf(node.type()).isRefused && hasEffect(node)) {
+                const std::string& shown = shownFor(mesh).name();
+                notes_.refusal = "node type '" + node.type().name() + "' is not supported: " + shown + "." +
+                                 node.name() + " shapes the mesh (delete the history of '" + shown +
+                                 "', or export from Maya)";
+                return;
+            }
+            for (const auto& [at, source] : node.incoming()) {
+                if (isGeometry(node.attribute(at.attr)) && seen.insert(source.node).second) {
+                    open.push_back(source.node);
+                }
+            }
+        }
+    }
+
+    /// Nodes whose input passes through in the real host too are evaluated well enough.
+    bool hasEffect(const Node& constNode) {
+        Node& node = *graph_.node(constNode.id());
+        for (const double state : {1.0, 2.0, 4.0, 5.0}) {
+            if (consequenceOf(node.type()).text == kPassesThrough && isSteady(graph_, node, "nodeState", state)) {
+                return false;
+            }
+        }
+        return !node.type().isKindOf("geometryFilter") || !isSteady(graph_, node, "envelope", 0.0);
     }
 
     void addDrivers(const Node& node, std::vector<const Node*>& open) {
@@ -110,21 +172,19 @@ private:
         if (!noted_.insert(&type).second) {
             return;
         }
-        const Node& shown =
-            driven.type().dagRole == DagRole::kShape && !driven.parents().empty() ? *driven.parents().front() : driven;
-        notes_.push_back("node type '" + type.name() + "' is not supported: " + shown.name() + "." + node.name() + " " +
-                         std::string(consequenceOf(type)));
+        notes_.warnings.push_back("node type '" + type.name() + "' is not supported: " + shownFor(driven).name() + "." +
+                                  node.name() + " " + std::string(consequenceOf(type).text));
     }
 
-    const Graph& graph_;
+    Graph& graph_;
     std::unordered_set<const Node*> seen_;
     std::unordered_set<const NodeType*> noted_;
-    std::vector<std::string> notes_;
+    EvaluationNotes notes_;
 };
 
 } // namespace
 
-std::vector<std::string> findEvaluationNotes(const Graph& graph) {
+EvaluationNotes findEvaluationNotes(Graph& graph) {
     return NoteFinder(graph).run();
 }
 

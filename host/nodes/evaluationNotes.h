@@ -7,12 +7,25 @@
 
 namespace host {
 
-/// What the user must know about a scene before trusting its values: each node type that this host does not evaluate,
-/// with the first node of it that drives a transform or a deformable shape, one line per type without "Warning:":
-///   node type 'polyBevel3' is not supported: body.polyBevel1 passes its input through
-/// ("body" is what it drives: the transform, of a shape too). Nodes that drive nothing of the DAG, whose values arrive
+struct EvaluationNotes {
+    /// One line per type, without "Warning:".
+    std::vector<std::string> warnings;
+    /// Why the scene must not be used at all; empty when it may be.
+    std::string refusal;
+};
+
+/// What the user must know about a scene before trusting its values.
+///
+/// `warnings`: each node type that this host does not evaluate, with the first node of it that drives a transform or a
+/// deformable shape, and what follows from it:
+///   node type 'motionPath' is not supported: car.motionPath1 keeps its stored values
+/// ("car" is what it drives: the transform, of a shape too). Nodes that drive nothing of the DAG, whose values arrive
 /// only as shading or set membership, are harmless and give no line; nor do inputs of a node whose stored values stay.
 /// In the order of the driven nodes' creation, what is nearest to them first.
-std::vector<std::string> findEvaluationNotes(const Graph& graph);
+///
+/// `refusal`: a node that is not evaluated, but without which a mesh would have another shape:
+///   node type 'wrap' is not supported: body.wrap1 shapes the mesh (delete the history of 'body', or export from Maya)
+/// Nodes that have no effect (their state, an envelope of 0) count for neither.
+EvaluationNotes findEvaluationNotes(Graph& graph);
 
 } // namespace host

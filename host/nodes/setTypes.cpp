@@ -1,4 +1,5 @@
 #include "host/nodes/apiTypes.h"
+#include "host/nodes/traxCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 
@@ -37,7 +38,8 @@ constexpr AttributeRow kShadingEngine[] = {
     {"uvLink", "uvl", "any", {}, 0, kArray},
 };
 
-// A character hands the values that drive its elements on to what the elements drive; nothing is computed.
+// A character hands the values that drive its elements on to what the elements drive. With clips, see tieClips, they
+// read as the played values.
 constexpr AttributeRow kCharacter[] = {
     {"unitlessValues", "uv", "double", {}, 0, kArray},
     {"linearValues", "lv", "distance", {}, 0, kArray},
@@ -52,6 +54,12 @@ constexpr AttributeRow kCharacter[] = {
     {"animationMapping", "am", "data"},
     {"timelineClipStart", "tcs", "time"},
     {"timelineClipEnd", "tce", "time"},
+    {"clipInput", "kci", "any", {}, 0, kArray | kHidden},
+    {"clipTime", "kct", "time", {}, 0, kHidden},
+    {"unitlessPlayed", "kpu", "double", {}, 0, kArray | kComputed | kHidden},
+    {"linearPlayed", "kpl", "distance", {}, 0, kArray | kComputed | kHidden},
+    {"angularPlayed", "kpa", "angle", {}, 0, kArray | kComputed | kHidden},
+    {"timePlayed", "kpt", "time", {}, 0, kArray | kComputed | kHidden},
 };
 
 constexpr AttributeRow kPartition[] = {
@@ -79,7 +87,7 @@ constexpr AttributeRow kMaterialInfo[] = {
 constexpr TypeRow kTypes[] = {
     {"objectSet", "dependNode", api::kSet, kObjectSet},
     {"shadingEngine", "objectSet", api::kShadingEngine, kShadingEngine},
-    {"character", "objectSet", api::kCharacter, kCharacter},
+    {"character", "objectSet", api::kCharacter, kCharacter, {DagRole::kNone, computeCharacter, "clipTime"}},
     {"partition", "dependNode", api::kPartition, kPartition},
     {"dagPose", "dependNode", api::kDagPose, kDagPose},
     {"materialInfo", "dependNode", api::kMaterialInfo, kMaterialInfo},

@@ -4,6 +4,7 @@
 #include "host/nodes/evaluationNotes.h"
 #include "host/nodes/ikCompute.h"
 #include "host/nodes/nodeTypes.h"
+#include "host/nodes/traxCompute.h"
 #include "host/scene/MaReader.h"
 #include "host/scene/MappedFile.h"
 #include "host/scene/codeset.h"
@@ -151,12 +152,17 @@ SceneResult Scene::openText(std::string_view text, const std::string& name) {
 SceneResult Scene::read(std::string_view text, const std::string& name) {
     SceneResult result = MaReader(*this, name, text).read();
     tieIkChains(*graph_);
-    if (result.ok() && onWarning) {
-        for (const std::string& note : findEvaluationNotes(*graph_)) {
-            onWarning(note);
+    tieClips(*graph_);
+    if (!result.ok()) {
+        return result;
+    }
+    const EvaluationNotes notes = findEvaluationNotes(*graph_);
+    for (const std::string& warning : notes.warnings) {
+        if (onWarning) {
+            onWarning(warning);
         }
     }
-    return result;
+    return {notes.refusal.empty() ? "" : name + ": " + notes.refusal};
 }
 
 // --- nodes

@@ -2,7 +2,9 @@
 
 #include "host/geometry/ArrayData.h"
 #include "host/geometry/ComponentList.h"
+#include "host/geometry/LatticeData.h"
 #include "host/graph/numberConversion.h"
+#include "host/nodes/characterMapping.h"
 #include "host/nodes/transformMatrix.h"
 #include "host/scene/sceneMessages.h"
 
@@ -229,6 +231,52 @@ DataPtr readArrayData(StatementContext& context, ArgumentStream& arguments, Valu
     default:
         return readComponents(context, arguments, outcome);
     }
+}
+
+DataPtr readCharacterMapping(ArgumentStream& arguments, Outcome& outcome) {
+    std::size_t count = 0;
+    if (!readCount(arguments, count, outcome)) {
+        return nullptr;
+    }
+    auto mapping = std::make_shared<CharacterMapping>();
+    while (mapping->channels.size() < count) {
+        CharacterChannel channel;
+        std::int32_t kind = 0;
+        if (!readItem(arguments, channel.attribute)) {
+            outcome = Outcome::broken(arguments, "the name of a channel");
+            return nullptr;
+        }
+        if (!readItem(arguments, kind) || !readItem(arguments, channel.element)) {
+            outcome = Outcome::broken(arguments, kNumber);
+            return nullptr;
+        }
+        channel.kind = static_cast<ChannelKind>(kind);
+        mapping->channels.push_back(std::move(channel));
+    }
+    return mapping;
+}
+
+DataPtr readLattice(ArgumentStream& arguments, Outcome& outcome) {
+    auto lattice = std::make_shared<LatticeData>();
+    std::size_t divisions[3] = {};
+    for (std::size_t& division : divisions) {
+        if (!readCount(arguments, division, outcome)) {
+            return nullptr;
+        }
+    }
+    const DataPtr points = readList<VectorArrayData>(arguments, outcome, kNumber);
+    if (points == nullptr) {
+        return nullptr;
+    }
+    lattice->points = static_cast<const VectorArrayData&>(*points).values;
+    lattice->s = divisions[0];
+    lattice->t = divisions[1];
+    lattice->u = divisions[2];
+    if (!lattice->isWhole()) {
+        outcome = Outcome{Outcome::Kind::kBroken, "expected as many points as the lattice's divisions multiply to", {}};
+        return nullptr;
+    }
+    return lattice;
 }
 
 DataPtr readAliases(ArgumentStream& arguments, Outcome& outcome) {

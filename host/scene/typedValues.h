@@ -18,6 +18,12 @@ std::optional<Matrix44> readMatrix(ArgumentStream& arguments, Outcome& outcome);
 /// A list of one of the array forms. Component texts that name no component are left out with a warning.
 DataPtr readArrayData(StatementContext& context, ArgumentStream& arguments, ValueForm form, Outcome& outcome);
 
+/// A count, then per channel its attribute's name, which array it is in, and its element.
+DataPtr readCharacterMapping(ArgumentStream& arguments, Outcome& outcome);
+
+/// Three counts, how many points, and the points, s fastest.
+DataPtr readLattice(ArgumentStream& arguments, Outcome& outcome);
+
 /// {"alias", "attribute", …}
 DataPtr readAliases(ArgumentStream& arguments, Outcome& outcome);
 

@@ -22,6 +22,8 @@ enum class ValueForm : std::uint8_t {
     kComponentList,
     kAttributeAlias,
     kPolyFaces,
+    kCharacterMapping,
+    kLattice,
     kUnused, // known, but nothing that evaluates needs it
 };
 

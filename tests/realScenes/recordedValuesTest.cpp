@@ -31,11 +31,10 @@ TEST_P(RecordedValues, AreWhatTheHostEvaluates) {
     }
 }
 
-TEST(RealScene, TellsWhichNodesThatMoveThingsAreNotEvaluated) {
+TEST(RealScene, HasNothingToTellOfClipsThatAreNotOnTheTimeline) {
     HostSession session;
     ASSERT_TRUE(session.melRuns("file -f -o \"" TVK_SCENES "/trax-character/ComplexAnim1.ma\""));
-    EXPECT_THAT(session.warnings, testing::Contains("node type 'clipScheduler' is not supported: "
-                                                    "character.character_setScheduler1 keeps its stored values"));
+    EXPECT_THAT(session.warnings, testing::Each(testing::Not(testing::HasSubstr("lip"))));
 }
 
 INSTANTIATE_TEST_SUITE_P(Corpus, RecordedValues, testing::ValuesIn(recordedScenes()), testName);

@@ -9,6 +9,8 @@ using Notes = std::vector<std::string>;
 
 class EvaluationNotes : public GraphFixture {
 protected:
+    Notes notes() { return findEvaluationNotes(graph).warnings; }
+    std::string refusal() { return findEvaluationNotes(graph).refusal; }
     Node& makeMesh(const char* name) {
         Node& body = make("transform", name);
         return make("mesh", (std::string(name) + "Shape").c_str(), &body);
@@ -32,7 +34,7 @@ TEST_F(EvaluationNotes, AreNoneForWhatIsEvaluated) {
     connect(character, "lv[0]", blend, "itx1");
     connect(blend, "otx", node, "tx");
     connect(layer, "di", node, "do");
-    EXPECT_EQ(findEvaluationNotes(graph), Notes{});
+    EXPECT_EQ(notes(), Notes{});
 }
 
 TEST_F(EvaluationNotes, NameHistoryByTheTransformOfTheMesh) {
@@ -41,16 +43,15 @@ TEST_F(EvaluationNotes, NameHistoryByTheTransformOfTheMesh) {
     Node& helix = make("polyHelix", "polyHelix1");
     connect(helix, "out", bevel, "ip");
     connect(bevel, "out", shape, "i");
-    EXPECT_EQ(findEvaluationNotes(graph),
-              (Notes{"node type 'polyBevel3' is not supported: body.polyBevel1 passes its input through",
-                     "node type 'polyHelix' is not supported: body.polyHelix1 makes no mesh"}));
+    EXPECT_EQ(notes(), (Notes{"node type 'polyBevel3' is not supported: body.polyBevel1 passes its input through",
+                              "node type 'polyHelix' is not supported: body.polyHelix1 makes no mesh"}));
 }
 
 TEST_F(EvaluationNotes, SpeakOncePerType) {
     for (const char* name : {"one", "two"}) {
         connect(make("polyHelix", "helix"), "out", makeMesh(name), "i");
     }
-    EXPECT_EQ(findEvaluationNotes(graph), Notes{"node type 'polyHelix' is not supported: one.helix makes no mesh"});
+    EXPECT_EQ(notes(), Notes{"node type 'polyHelix' is not supported: one.helix makes no mesh"});
 }
 
 TEST_F(EvaluationNotes, FindDriversBehindEvaluatedNodes) {
@@ -60,12 +61,14 @@ TEST_F(EvaluationNotes, FindDriversBehindEvaluatedNodes) {
     connect(mute, "o", conversion, "i");
     connect(conversion, "o", joint, "rx");
     Node& character = make("character", "set");
-    Node& scheduler = make("clipScheduler", "scheduler");
-    connect(scheduler, "ce", character, "cer");
+    Node& path = make("motionPath", "path");
+    Attribute place;
+    place.longName = place.shortName = "place";
+    path.addAttribute(place);
+    connect(path, "place", character, "av[0]");
     connect(character, "av[0]", joint, "ry");
-    EXPECT_EQ(findEvaluationNotes(graph),
-              (Notes{"node type 'clipScheduler' is not supported: joint1.scheduler keeps its stored values",
-                     "node type 'mute' is not supported: joint1.mute1 keeps its stored values"}));
+    EXPECT_EQ(notes(), (Notes{"node type 'motionPath' is not supported: joint1.path keeps its stored values",
+                              "node type 'mute' is not supported: joint1.mute1 keeps its stored values"}));
 }
 
 TEST_F(EvaluationNotes, NameConstraintsByWhatTheyHold) {
@@ -74,7 +77,7 @@ TEST_F(EvaluationNotes, NameConstraintsByWhatTheyHold) {
     Node& evaluated = make("pointConstraint", "cube_pointConstraint1", &cube);
     connect(constraint, "cg", cube, "ty");
     connect(evaluated, "ctx", cube, "tx");
-    EXPECT_EQ(findEvaluationNotes(graph),
+    EXPECT_EQ(notes(),
               Notes{"node type 'geometryConstraint' is not supported: cube.cube_geometryConstraint1 keeps its stored "
                     "values"});
 }
@@ -82,11 +85,10 @@ TEST_F(EvaluationNotes, NameConstraintsByWhatTheyHold) {
 TEST_F(EvaluationNotes, NameHandlesByTheJointWhereTheyBegin) {
     Node& joint = make("joint", "joint1");
     Node& handle = make("ikHandle", "ikHandle1");
-    EXPECT_EQ(findEvaluationNotes(graph), Notes{}) << "a handle without a chain moves nothing";
+    EXPECT_EQ(notes(), Notes{}) << "a handle without a chain moves nothing";
     connect(joint, "msg", handle, "hsj");
     connect(make("ikSplineSolver", "spline"), "msg", handle, "hsv");
-    EXPECT_EQ(findEvaluationNotes(graph),
-              Notes{"node type 'ikHandle' is not supported: joint1.ikHandle1 keeps its stored values"});
+    EXPECT_EQ(notes(), Notes{"node type 'ikHandle' is not supported: joint1.ikHandle1 keeps its stored values"});
 }
 
 TEST_F(EvaluationNotes, GoOnBehindLayersWhichPassTheirInput) {
@@ -98,9 +100,52 @@ TEST_F(EvaluationNotes, GoOnBehindLayersWhichPassTheirInput) {
     path.addAttribute(place);
     connect(path, "place", blend, "inputA");
     connect(blend, "output", joint, "tx");
-    EXPECT_EQ(findEvaluationNotes(graph),
+    EXPECT_EQ(notes(),
               (Notes{"node type 'animBlendNodeAdditiveDL' is not supported: joint1.blend1 passes its input through",
                      "node type 'motionPath' is not supported: joint1.path1 keeps its stored values"}));
+}
+
+TEST_F(EvaluationNotes, RefuseADeformerThatIsNotEvaluatedBehindAMesh) {
+    Node& shape = makeMesh("body");
+    Node& original = makeMesh("bodyOrig");
+    Node& wrap = make("wrap", "wrap1");
+    Node& parts = make("groupParts", "parts");
+    connect(original, "worldMesh[0]", parts, "ig");
+    connect(parts, "og", wrap, "ip[0].ig");
+    connect(wrap, "og[0]", shape, "i");
+    EXPECT_EQ(refusal(), "node type 'wrap' is not supported: body.wrap1 shapes the mesh (delete the history of 'body', "
+                         "or export from Maya)");
+}
+
+TEST_F(EvaluationNotes, RefuseNoDeformerWithoutEffect) {
+    Node& shape = makeMesh("body");
+    Node& wrap = make("wrap", "wrap1");
+    connect(wrap, "og[0]", shape, "i");
+    set(wrap, "envelope", 0);
+    EXPECT_EQ(refusal(), "");
+    EXPECT_EQ(notes(), Notes{});
+    set(wrap, "envelope", 1);
+    set(wrap, "nodeState", 1);
+    EXPECT_EQ(refusal(), "");
+    connect(make("animCurveTU", "curve"), "o", wrap, "nodeState");
+    EXPECT_NE(refusal(), "") << "a state that is keyed may change";
+}
+
+TEST_F(EvaluationNotes, RefuseNothingForACopyThatNobodySees) {
+    Node& shape = makeMesh("body");
+    set(shape, "intermediateObject", 1);
+    connect(make("wrap", "wrap1"), "og[0]", shape, "i");
+    EXPECT_EQ(refusal(), "");
+    Node& tweak = make("tweak", "tweak1");
+    connect(shape, "worldMesh[0]", tweak, "ip[0].ig");
+    connect(tweak, "og[0]", makeMesh("seen"), "i");
+    EXPECT_NE(refusal(), "") << "what reads it is seen";
+}
+
+TEST_F(EvaluationNotes, RefuseNothingThatOnlyMovesAMesh) {
+    Node& car = make("transform", "car");
+    connect(make("geometryConstraint", "constraint", &car), "cg", car, "ty");
+    EXPECT_EQ(refusal(), "");
 }
 
 TEST_F(EvaluationNotes, AreNoneForHandlesWithSolversThatAreKnown) {
@@ -109,7 +154,7 @@ TEST_F(EvaluationNotes, AreNoneForHandlesWithSolversThatAreKnown) {
         connect(make("joint", "joint1"), "msg", handle, "hsj");
         connect(make(solver, "solver"), "msg", handle, "hsv");
     }
-    EXPECT_EQ(findEvaluationNotes(graph), Notes{});
+    EXPECT_EQ(notes(), Notes{});
 }
 
 TEST_F(EvaluationNotes, DoNotCountMembersOfASetAsItsDrivers) {
@@ -118,7 +163,7 @@ TEST_F(EvaluationNotes, DoNotCountMembersOfASetAsItsDrivers) {
     Node& shape = make("blendShape", "blendShape1");
     connect(shape, "w[0]", character, "dnsm[0]");
     connect(character, "uv[0]", joint, "sx");
-    EXPECT_EQ(findEvaluationNotes(graph), Notes{});
+    EXPECT_EQ(notes(), Notes{});
 }
 
 TEST_F(EvaluationNotes, NameUnknownTypesOnlyWhereTheyDrive) {
@@ -128,11 +173,10 @@ TEST_F(EvaluationNotes, NameUnknownTypesOnlyWhereTheyDrive) {
     Node& shader = makeUnknown("fancyShader", "shader1");
     connect(shader, "out", group, "ss");
     connect(group, "mwc", shape, "iog[0].og[0].gco");
-    EXPECT_EQ(findEvaluationNotes(graph), Notes{}) << "a shader is no driver";
+    EXPECT_EQ(notes(), Notes{}) << "a shader is no driver";
     Node& driver = makeUnknown("fancyRig", "rig1");
     connect(driver, "out", joint, "tx");
-    EXPECT_EQ(findEvaluationNotes(graph),
-              Notes{"node type 'fancyRig' is not supported: joint1.rig1 keeps its stored values"});
+    EXPECT_EQ(notes(), Notes{"node type 'fancyRig' is not supported: joint1.rig1 keeps its stored values"});
 }
 
 } // namespace
