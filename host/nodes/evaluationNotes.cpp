@@ -1,6 +1,7 @@
 #include "host/nodes/evaluationNotes.h"
 
 #include "host/nodes/ikCompute.h"
+#include "host/nodes/nodeTreatment.h"
 
 #include <algorithm>
 #include <iterator>
@@ -11,33 +12,18 @@ namespace host {
 
 namespace {
 
-struct Consequence {
-    std::string_view type; // or one that derives from it; the first row that fits counts
-    std::string_view text;
-    bool isRefused = false; // where it shapes a mesh
-};
-
-constexpr std::string_view kPassesThrough = "passes its input through";
-
-constexpr Consequence kConsequences[] = {
-    {"polyModifier", kPassesThrough}, {"geometryFilter", kPassesThrough, true}, {"copyColorSet", kPassesThrough},
-    {"polyBase", "makes no mesh"},    {"nurbsTessellate", "makes no mesh"},     {"subdToPoly", "makes no mesh"},
-    {"animBlendNodeBase", kPassesThrough},
-};
-constexpr Consequence kUsualConsequence{"", "keeps its stored values"};
-
 /// Attributes through which nothing reaches a transformation or points: shading, memberships, the host's own windows.
 constexpr std::string_view kHarmless[] = {"instObjGroups",   "compInstObjGroups", "tweakLocation", "renderInfo",
                                           "renderLayerInfo", "publishedNodeInfo", "dagSetMembers", "dnSetMembers"};
 
-const Consequence& consequenceOf(const NodeType& type) {
-    const auto row = std::find_if(std::begin(kConsequences), std::end(kConsequences),
-                                  [&](const Consequence& each) { return type.isKindOf(each.type); });
-    return row == std::end(kConsequences) ? kUsualConsequence : *row;
-}
-
 bool isNotEvaluated(const Node& node) {
     return node.type().passesThrough || !node.type().known;
+}
+
+/// What comes in goes out, or would were the node not refused.
+bool passesOn(const Node& node) {
+    const Treatment treatment = treatmentOf(node.type());
+    return treatment == Treatment::kPassedThrough || treatment == Treatment::kRefused;
 }
 
 bool isHarmless(const Node& node, AttrIndex attr) {
@@ -109,7 +95,7 @@ private:
             if (isNotEvaluated(node) && hasEffect(node)) {
                 note(node, driven);
             }
-            if (isNotEvaluated(node) ? consequenceOf(node.type()).text == kPassesThrough : !node.isDag()) {
+            if (isNotEvaluated(node) ? passesOn(node) : !node.isDag()) {
                 addDrivers(node, open);
             }
         }
@@ -122,7 +108,7 @@ private:
         while (!open.empty()) {
             Node& node = *open.back();
             open.pop_back();
-            if (isNotEvaluated(node) && consequenceOf(node.type()).isRefused && hasEffect(node)) {
+            if (treatmentOf(node.type()) == Treatment::kRefused && hasEffect(node)) {
                 const std::string& shown = shownFor(mesh).name();
                 notes_.refusal = "node type '" + node.type().name() + "' is not supported: " + shown + "." +
                                  node.name() + " shapes the mesh (delete the history of '" + shown +
@@ -141,7 +127,7 @@ private:
     bool hasEffect(const Node& constNode) {
         Node& node = *graph_.node(constNode.id());
         for (const double state : {1.0, 2.0, 4.0, 5.0}) {
-            if (consequenceOf(node.type()).text == kPassesThrough && isSteady(graph_, node, "nodeState", state)) {
+            if (passesOn(node) && isSteady(graph_, node, "nodeState", state)) {
                 return false;
             }
         }
@@ -173,7 +159,7 @@ private:
             return;
         }
         notes_.warnings.push_back("node type '" + type.name() + "' is not supported: " + shownFor(driven).name() + "." +
-                                  node.name() + " " + std::string(consequenceOf(type).text));
+                                  node.name() + " " + std::string(consequenceOf(type)));
     }
 
     Graph& graph_;
