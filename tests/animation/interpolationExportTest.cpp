@@ -1,7 +1,7 @@
 // Skipped frames and shared data: what a reader plays, in each of the three ways to fill frames in.
 
-#include "AnimationFile.h"
 #include "ExportSession.h"
+#include "decode/AnimationFile.h"
 #include "motionChecks.h"
 #include "sceneText.h"
 #include "shadingText.h"
@@ -21,13 +21,13 @@ constexpr double kStep = 1.0 / 4096;
 
 class Interpolation : public testing::Test, public ExportSession {
 protected:
-    AnimationFile play(const std::string& statements, const std::string& options) {
+    decode::AnimationFile play(const std::string& statements, const std::string& options) {
         open(statements);
         EXPECT_TRUE(exportAll("ica_file_out=1;" + options)) << takeMessages();
-        return readAnimationFile(fileText("model.ica"));
+        return decode::readAnimationFile(fileText("model.ica"));
     }
     // Degrees that the host's own angle is away from, whole turns aside.
-    void expectTurns(const AnimatedChannel& track, const std::string& plug, double tolerance) {
+    void expectTurns(const decode::AnimatedChannel& track, const std::string& plug, double tolerance) {
         for (std::size_t frame = 0; frame < track.frames.size(); ++frame) {
             mel("currentTime " + std::to_string(frame));
             const double wanted = std::stod(mel("getAttr " + plug));
@@ -39,8 +39,8 @@ protected:
 const std::string kTwoTurns = nodeText("transform", "wheel") + keyed("wheel.rz", "0 0 48 720") + playback(0, 48);
 
 TEST_F(Interpolation, OfTwoTurnsStaysBelowHalfATurnAndWithinTheTolerance) {
-    const AnimationFile file = play(kTwoTurns, "anime_interp=1;frame_step_mode=0");
-    const AnimatedChannel& track = file.thing(0).channel("rotate_z");
+    const decode::AnimationFile file = play(kTwoTurns, "anime_interp=1;frame_step_mode=0");
+    const decode::AnimatedChannel& track = file.thing(0).channel("rotate_z");
     for (const double printed : file.pools.at("node_rotate_data")) {
         EXPECT_TRUE(printed >= -180 && printed < 180) << printed;
     }
@@ -49,9 +49,10 @@ TEST_F(Interpolation, OfTwoTurnsStaysBelowHalfATurnAndWithinTheTolerance) {
 }
 
 TEST_F(Interpolation, BetweenStoredFramesAcrossHalfATurnPassesThroughIt) {
-    const AnimationFile file = play(nodeText("transform", "wheel") + keyed("wheel.rz", "0 170 4 190") + playback(0, 4),
-                                    "anime_interp=1;frame_step_mode=3");
-    const AnimatedChannel& track = file.thing(0).channel("rotate_z");
+    const decode::AnimationFile file =
+        play(nodeText("transform", "wheel") + keyed("wheel.rz", "0 170 4 190") + playback(0, 4),
+             "anime_interp=1;frame_step_mode=3");
+    const decode::AnimatedChannel& track = file.thing(0).channel("rotate_z");
     EXPECT_EQ(track.frameStep, 4);
     EXPECT_EQ(track.dataSize, 2);
     EXPECT_EQ(track.frames[0], 170);
@@ -60,8 +61,8 @@ TEST_F(Interpolation, BetweenStoredFramesAcrossHalfATurnPassesThroughIt) {
 }
 
 TEST_F(Interpolation, OfTwoTurnsAsACurveTakesTwoKeys) {
-    const AnimationFile file = play(kTwoTurns, "anime_interp=2");
-    const AnimatedChannel& track = file.thing(0).channel("rotate_z");
+    const decode::AnimationFile file = play(kTwoTurns, "anime_interp=2");
+    const decode::AnimatedChannel& track = file.thing(0).channel("rotate_z");
     EXPECT_EQ(track.dataSize, 2);
     for (std::size_t frame = 0; frame <= 48; ++frame) {
         EXPECT_NEAR(track.frames[frame], 15.0 * static_cast<double>(frame), 0.01) << frame;
@@ -80,9 +81,9 @@ TEST_F(Interpolation, ThroughGimbalLockKeepsTheRotation) {
 }
 
 TEST_F(Interpolation, OfFramesHoldsTheStoredOnes) {
-    const AnimationFile file = play(nodeText("transform", "a") + keyed("a.tx", "0 0 9 9") + playback(0, 9),
-                                    "anime_interp=0;frame_step_mode=3");
-    const AnimatedChannel& track = file.thing(0).channel("translate_x");
+    const decode::AnimationFile file = play(nodeText("transform", "a") + keyed("a.tx", "0 0 9 9") + playback(0, 9),
+                                            "anime_interp=0;frame_step_mode=3");
+    const decode::AnimatedChannel& track = file.thing(0).channel("translate_x");
     EXPECT_EQ(track.dataSize, 4);
     EXPECT_EQ(track.frames, (std::vector<double>{0, 0, 0, 0, 4, 4, 4, 4, 8, 9}));
 }
@@ -120,10 +121,10 @@ TEST_F(Interpolation, OfEqualNodesStoresOneCurve) {
         const std::string name = "n" + std::to_string(i);
         scene += nodeText("transform", name) + keyed(name + ".tx", "0 0 10 30 20 -5");
     }
-    const AnimationFile file = play(scene + playback(0, 20), "anime_tol_t=0");
+    const decode::AnimationFile file = play(scene + playback(0, 20), "anime_tol_t=0");
     const std::vector<double>& pool = file.pools.at("node_translate_data");
     EXPECT_EQ(pool.size(), 22U); // the root's 0, and one curve
-    for (const AnimatedThing& thing : file.things) {
+    for (const decode::AnimatedThing& thing : file.things) {
         if (thing.index > 0) { // the root
             EXPECT_EQ(thing.channel("translate_x").dataHead, file.thing(1).channel("translate_x").dataHead);
             EXPECT_EQ(thing.channel("translate_x").dataSize, 21);
@@ -133,12 +134,12 @@ TEST_F(Interpolation, OfEqualNodesStoresOneCurve) {
 
 // The second node's curve, thinned, is what the first one ends with.
 TEST_F(Interpolation, OfTheTailOfAnotherCurvePointsInsideIt) {
-    const AnimationFile file =
+    const decode::AnimationFile file =
         play(nodeText("transform", "a") + nodeText("transform", "b") +
                  keyed("a.tx", "0 5 1 9 2 1 3 8 4 2 5 7 6 0 7 4 8 8") + keyed("b.tx", "0 0 8 8") + playback(0, 8),
              "anime_interp=1;anime_tol_t=0;frame_step_mode=0");
-    const AnimatedChannel& whole = file.thing(1).channel("translate_x");
-    const AnimatedChannel& tail = file.thing(2).channel("translate_x");
+    const decode::AnimatedChannel& whole = file.thing(1).channel("translate_x");
+    const decode::AnimatedChannel& tail = file.thing(2).channel("translate_x");
     EXPECT_EQ(whole.frames, (std::vector<double>{5, 9, 1, 8, 2, 7, 0, 4, 8}));
     EXPECT_EQ(tail.frames, (std::vector<double>{0, 1, 2, 3, 4, 5, 6, 7, 8}));
     EXPECT_EQ(tail.dataSize, 3);

@@ -1,7 +1,7 @@
 // Motion of nodes: what a reader of the model and its animation plays, beside what the host shows.
 
-#include "AnimationFile.h"
 #include "ExportSession.h"
+#include "decode/AnimationFile.h"
 #include "motionChecks.h"
 #include "sceneText.h"
 #include "shadingText.h"
@@ -30,9 +30,9 @@ protected:
         open(statements);
         ASSERT_TRUE(exportAll(options)) << takeMessages();
     }
-    AnimationFile animation() const { return readAnimationFile(fileText("model.ica")); }
+    decode::AnimationFile animation() const { return decode::readAnimationFile(fileText("model.ica")); }
     // Of a node, by its name in the model.
-    AnimatedChannel channel(const std::string& node, const std::string& word) const {
+    decode::AnimatedChannel channel(const std::string& node, const std::string& word) const {
         return animation().thing(model().node(node).index).channel(word);
     }
 };
@@ -88,7 +88,7 @@ TEST_F(NodeAnimation, TranslationsAreMagnified) {
 
 TEST_F(NodeAnimation, AOneFrameRangeIsConstantInEveryChannel) {
     exportScene(nodeText("transform", "a") + keyed("a.tx", "0 1 4 5") + playback(2, 2));
-    const AnimationFile file = animation();
+    const decode::AnimationFile file = animation();
     for (const auto& [word, track] : file.thing(0).channels) {
         EXPECT_EQ(track.dataSize, 1) << word;
         EXPECT_EQ(track.frameStep, 1) << word;
@@ -160,7 +160,7 @@ TEST_F(NodeAnimation, ACurveWithoutKeysIsLevel) {
 
 TEST_F(NodeAnimation, KeysAtOneTimeEndTheExportWithANumber) {
     exportScene(nodeText("transform", "a") + keyed("a.tx", "0 1 4 2 4 7 8 9") + playback(0, 8));
-    const AnimatedChannel track = channel("a", "translate_x");
+    const decode::AnimatedChannel track = channel("a", "translate_x");
     ASSERT_EQ(track.frames.size(), 9U);
     EXPECT_EQ(track.frames.front(), 1.0);
     EXPECT_EQ(track.frames.back(), 9.0);
@@ -228,7 +228,7 @@ TEST_P(HiddenParent, HidesItsChildrenUnderEveryCompression) {
                     meshText("bodyShape", "body") + inDefaultGroup("bodyShape") +
                     visibilityKeys("group", "0 1 5 0 9 1", 3) + playback(0, 11),
                 withMode(GetParam(), "iva_file_out=1"));
-    const VisibilityFile visible = visibility();
+    const decode::VisibilityFile visible = visibility();
     const auto body = static_cast<std::size_t>(model().node("body").index);
     const std::vector<std::pair<int, int>> keys{{0, 1}, {5, 0}, {9, 1}};
     EXPECT_EQ(visible.nodes.at(body).keys, keys);
@@ -249,7 +249,7 @@ TEST_P(Compressed, ModelsMoveAsInTheHost) {
     EXPECT_GE(expectMovesAsInTheHost(*this), GetParam() >= 3 ? 1 : 2);
     if (GetParam() >= 3) {
         EXPECT_THAT(model().names(), testing::ElementsAre("world_root", "held"));
-        const AnimationFile file = animation();
+        const decode::AnimationFile file = animation();
         for (const auto& [word, track] : file.thing(0).channels) {
             EXPECT_EQ(track.dataSize, 1) << word;
         }

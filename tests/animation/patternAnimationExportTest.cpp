@@ -1,8 +1,8 @@
 // Textures that flip: the itp file as a reader plays it, with and without a model in the same run.
 
 #include "ExportSession.h"
-#include "ModelTextures.h"
-#include "PatternFile.h"
+#include "decode/ModelTextures.h"
+#include "decode/PatternFile.h"
 #include "sceneText.h"
 #include "shadingText.h"
 #include "shownPictures.h"
@@ -37,11 +37,11 @@ protected:
     std::string textured(const std::string& attributes) const {
         return texturedText("file1", folder.path("tex.1.tga"), kUseFrames + attributes) + playback(0, 8);
     }
-    PatternFile play(const std::string& statements, const std::string& options = "itp_file_out=1") {
+    decode::PatternFile play(const std::string& statements, const std::string& options = "itp_file_out=1") {
         open(statements);
         EXPECT_TRUE(exportAll(options));
         messages = takeMessages();
-        return readPatternFile(fileText("model.itp"));
+        return decode::readPatternFile(fileText("model.itp"));
     }
 
     std::map<std::string, Picture> pictures;
@@ -49,7 +49,7 @@ protected:
 };
 
 TEST_F(PatternAnimation, ShowsTheNearestOfItsImagesAndListsThoseThatAreShown) {
-    const PatternFile file = play(textured(kList) + flippedText("file1", kKeys, 4));
+    const decode::PatternFile file = play(textured(kList) + flippedText("file1", kKeys, 4));
     EXPECT_EQ(messages, ""); // 6.5 is 7
     EXPECT_THAT(file.of("file1_shader").images,
                 ElementsAre("tex.1", "tex.1", "tex.1", "tex.5", "tex.5", "tex.10", "tex.10", "tex.7", "tex.7"));
@@ -58,11 +58,11 @@ TEST_F(PatternAnimation, ShowsTheNearestOfItsImagesAndListsThoseThatAreShown) {
 }
 
 TEST_F(PatternAnimation, WithoutAFrameOfTheCurveShowsTheNearestAndWarnsOnce) {
-    const PatternFile file = play(textured(kList) +
-                                  nodeText("animCurveTU", "ramp", "",
-                                           "setAttr \".tan\" 2;\n\tsetAttr \".wgt\" no;\n\tsetAttr "
-                                           "-s 2 \".ktv[0:1]\" 0 2 8 10;") +
-                                  connectText("ramp.o", "file1.fe"));
+    const decode::PatternFile file = play(textured(kList) +
+                                          nodeText("animCurveTU", "ramp", "",
+                                                   "setAttr \".tan\" 2;\n\tsetAttr \".wgt\" no;\n\tsetAttr "
+                                                   "-s 2 \".ktv[0:1]\" 0 2 8 10;") +
+                                          connectText("ramp.o", "file1.fe"));
     EXPECT_EQ(messages, "Warning: Texture pattern animation invalid frame extension (use nearest): file1.fe: fe = 4 -> "
                         "3\n\n");
     EXPECT_THAT(file.of("file1_shader").images,
@@ -72,13 +72,13 @@ TEST_F(PatternAnimation, WithoutAFrameOfTheCurveShowsTheNearestAndWarnsOnce) {
 // The image array is sorted by name; the list of the patterns is in the order in which images were met.
 TEST_F(PatternAnimation, WithoutAModelHoldsAllItsImagesAndNoOthers) {
     writeImage(folder.path("other.tga"), pictureOfColors(8, 8, 2));
-    const PatternFile file =
+    const decode::PatternFile file =
         play(textured(kList) + flippedText("file1", kKeys, 4) + texturedText("file2", folder.path("other.tga")),
              "imd_file_out=0;itp_file_out=1");
     EXPECT_FALSE(hasFile("model.imd"));
-    const ModelTextures textures = readModelTextures(file.root);
+    const decode::ModelTextures textures = decode::readModelTextures(file.root);
     std::vector<std::string> names;
-    for (const ModelTexture& image : textures.images) {
+    for (const decode::ModelTexture& image : textures.images) {
         names.push_back(image.name);
         expectShows(image, pictures.at(image.name));
     }
@@ -92,8 +92,8 @@ TEST_F(PatternAnimation, WithoutAModelHoldsAllItsImagesAndNoOthers) {
 
 TEST_F(PatternAnimation, IsTheSameWithAndWithoutAModel) {
     const std::string scene = textured(kList) + flippedText("file1", kKeys, 4);
-    const PatternFile with = play(scene);
-    const PatternFile without = play(scene, "imd_file_out=0;itp_file_out=1");
+    const decode::PatternFile with = play(scene);
+    const decode::PatternFile without = play(scene, "imd_file_out=0;itp_file_out=1");
     EXPECT_EQ(with.of("file1_shader").images, without.of("file1_shader").images);
     EXPECT_EQ(with.images, without.images);
 }
@@ -102,17 +102,17 @@ TEST_F(PatternAnimation, OfImagesOfManyColoursHasNoPalettes) {
     for (const int number : {1, 2}) {
         writeImage(folder.path("sky." + std::to_string(number) + ".tga"), pictureOfColors(32, 32, 1000));
     }
-    const PatternFile file = play(texturedText("file1", folder.path("sky.1.tga"), kUseFrames) +
-                                  flippedText("file1", "0 1 4 2", 2) + playback(0, 8));
+    const decode::PatternFile file = play(texturedText("file1", folder.path("sky.1.tga"), kUseFrames) +
+                                          flippedText("file1", "0 1 4 2", 2) + playback(0, 8));
     EXPECT_TRUE(file.palettes.empty());
-    for (const PatternFile::Key& key : file.of("file1_shader").keys) {
+    for (const decode::PatternFile::Key& key : file.of("file1_shader").keys) {
         EXPECT_EQ(key.palette, -1);
     }
     EXPECT_THAT(file.images, ElementsAre("sky.1", "sky.2"));
 }
 
 TEST_F(PatternAnimation, IsThatOfItsKeysThroughACharacterToo) {
-    const PatternFile file =
+    const decode::PatternFile file =
         play(textured("") + steppedCurveText("frames", "0 1 3 5 5 10", 3) + nodeText("character", "character1") +
              "connectAttr \"frames.o\" \"character1.uv[2]\";\n"
              "connectAttr \"character1.uv[2]\" \"file1.fe\";\n");
@@ -121,7 +121,7 @@ TEST_F(PatternAnimation, IsThatOfItsKeysThroughACharacterToo) {
 }
 
 TEST_F(PatternAnimation, DrivenByAnExpressionIsNoneAndWarns) {
-    const PatternFile file =
+    const decode::PatternFile file =
         play(textured(kList) +
              nodeText("expression", "expression1", "",
                       "setAttr -k on \".nds\";\n\tsetAttr \".ixp\" -type \"string\" \".O[0]=frame\";") +

@@ -1,7 +1,7 @@
 // Keyed colours and placements of textures: what a reader plays, beside what the host evaluates.
 
-#include "AnimationFile.h"
 #include "ExportSession.h"
+#include "decode/AnimationFile.h"
 #include "motionChecks.h"
 #include "sceneText.h"
 #include "shadingText.h"
@@ -26,10 +26,10 @@ const std::string kPlacements = "ita_file_out=1;anime_tol_uv_t=0;anime_tol_uv_r=
 
 class ShadingAnimation : public testing::Test, public ExportSession {
 protected:
-    AnimationFile play(const std::string& statements, const std::string& options) {
+    decode::AnimationFile play(const std::string& statements, const std::string& options) {
         open(statements);
         EXPECT_TRUE(exportAll(options)) << takeMessages();
-        return readAnimationFile(fileText(options.substr(0, 3) == "ima" ? "model.ima" : "model.ita"));
+        return decode::readAnimationFile(fileText(options.substr(0, 3) == "ima" ? "model.ima" : "model.ita"));
     }
     std::string image() const {
         const std::string path = folder.path("water.tga");
@@ -48,28 +48,28 @@ std::string lambert(const std::string& name, const std::string& attributes = "se
 }
 
 TEST_F(ShadingAnimation, OfATransparencyIsTheAlphaThatIsLeft) {
-    const AnimationFile file =
+    const decode::AnimationFile file =
         play(lambert("glass") + keyed("glass.itr", "0 0.25 4 0.25") + keyed("glass.cr", "0 0 4 1") + playback(0, 4),
              kColors);
-    const AnimatedThing& glass = file.of("glass");
+    const decode::AnimatedThing& glass = file.of("glass");
     EXPECT_THAT(glass.channel("polygon_alpha").frames, Each(23)); // 0.75 * 31 = 23.25
     EXPECT_THAT(glass.channel("diffuse_r").frames, ElementsAre(0, 8, 16, 23, 31));
     EXPECT_THAT(glass.channel("specular_r").frames, Each(0)); // a lambert shader has none
 }
 
 TEST_F(ShadingAnimation, OfADiffuseColourIsTimesItsCoefficient) {
-    const AnimationFile file =
+    const decode::AnimationFile file =
         play(lambert("a", "setAttr \".dc\" 0.5;") + keyed("a.cg", "0 0 2 1") + playback(0, 2), kColors);
     EXPECT_THAT(file.of("a").channel("diffuse_g").frames, ElementsAre(0, 8, 16)); // 15.5 and 7.75 rounded
 }
 
 TEST_F(ShadingAnimation, OfColoursBeyondTheirRangeIsClamped) {
-    const AnimationFile file = play(lambert("a") + keyed("a.cb", "0 -1 4 3") + playback(0, 4), kColors);
+    const decode::AnimationFile file = play(lambert("a") + keyed("a.cb", "0 -1 4 3") + playback(0, 4), kColors);
     EXPECT_THAT(file.of("a").channel("diffuse_b").frames, ElementsAre(0, 0, 31, 31, 31));
 }
 
 TEST_F(ShadingAnimation, OfAShinyShaderHasSpecularColours) {
-    const AnimationFile file =
+    const decode::AnimationFile file =
         play(shadingText("phong", "metal") + shadedMesh("m", "metalSG") + keyed("metal.sr", "0 0 2 1") + playback(0, 2),
              kColors);
     EXPECT_THAT(file.of("metal").channel("specular_r").frames, ElementsAre(0, 16, 31));
@@ -77,7 +77,7 @@ TEST_F(ShadingAnimation, OfAShinyShaderHasSpecularColours) {
 
 // b and a are equal and become one; c is keyed.
 TEST_F(ShadingAnimation, CountsOnlyMaterialsThatHaveIt) {
-    const AnimationFile file =
+    const decode::AnimationFile file =
         play(lambert("b") + lambert("a") + lambert("c") + keyed("c.cr", "0 0 2 1") + playback(0, 2),
              kColors + ";compress_material=1");
     ASSERT_EQ(file.things.size(), 1U);
@@ -88,8 +88,8 @@ TEST_F(ShadingAnimation, CountsOnlyMaterialsThatHaveIt) {
 TEST_F(ShadingAnimation, OfAFadeIsPlayedInEveryMode) {
     for (const char* const mode : {";anime_interp=1;frame_step_mode=0", ";anime_interp=2"}) {
         SCOPED_TRACE(mode);
-        const AnimationFile file = play(lambert("a") + keyed("a.cr", "0 0 7 0.9 20 0.2") + playback(0, 20),
-                                        "ima_file_out=1;anime_tol_c=1" + std::string(mode));
+        const decode::AnimationFile file = play(lambert("a") + keyed("a.cr", "0 0 7 0.9 20 0.2") + playback(0, 20),
+                                                "ima_file_out=1;anime_tol_c=1" + std::string(mode));
         const std::vector<double>& frames = file.of("a").channel("diffuse_r").frames;
         ASSERT_EQ(frames.size(), 21U);
         for (std::size_t frame = 0; frame < frames.size(); ++frame) {
@@ -99,11 +99,11 @@ TEST_F(ShadingAnimation, OfAFadeIsPlayedInEveryMode) {
 }
 
 TEST_F(ShadingAnimation, OfNothingIsAnEmptyBodyAndAWarning) {
-    const AnimationFile file = play(lambert("a") + playback(0, 4), "ima_file_out=1");
+    const decode::AnimationFile file = play(lambert("a") + playback(0, 4), "ima_file_out=1");
     EXPECT_TRUE(file.things.empty());
     EXPECT_TRUE(file.pools.empty());
     EXPECT_EQ(takeMessages(), "Warning: No material color animation\n\n");
-    const AnimationFile placements = play(lambert("a") + playback(0, 4), "ita_file_out=1");
+    const decode::AnimationFile placements = play(lambert("a") + playback(0, 4), "ita_file_out=1");
     EXPECT_TRUE(placements.things.empty());
     EXPECT_EQ(takeMessages(), "Warning: No texture SRT animation\n\n");
 }
@@ -118,7 +118,7 @@ protected:
 };
 
 TEST_P(PlacementAnimation, IsThatOfItsNode) {
-    const AnimationFile file =
+    const decode::AnimationFile file =
         play(water() + keyed("water_placement.reu", "0 1 8 3 12 2") + keyed("water_placement.rev", "0 4 12 1") +
                  keyed("water_placement.rf", "0 170 12 260") + keyed("water_placement.tfu", "0 0 5 1 12 -2") +
                  keyed("water_placement.tfv", "0 0.5 12 0.5") + playback(0, 12),
@@ -148,7 +148,7 @@ INSTANTIATE_TEST_SUITE_P(Modes, PlacementAnimation,
                          testing::Values(";anime_interp=0", ";anime_interp=1;frame_step_mode=0", ";anime_interp=2"));
 
 TEST_F(PlacementAnimation, OfWaterThatScrollsTakesTwoKeys) {
-    const AnimationFile file =
+    const decode::AnimationFile file =
         play(water() + keyed("water_placement.tfv", "0 0 59 1.5") + playback(0, 59), "ita_file_out=1;anime_interp=2");
     EXPECT_EQ(file.of("sea").channel("tex_translate_t").dataSize, 2);
     EXPECT_EQ(file.of("sea").channel("tex_scale_s").frames, std::vector<double>(60, 1.0));

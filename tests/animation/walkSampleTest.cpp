@@ -1,8 +1,8 @@
 // The walking sample: what a reader of its six files sees, beside what the host shows.
 
-#include "AnimationFile.h"
 #include "ExportSession.h"
-#include "PatternFile.h"
+#include "decode/AnimationFile.h"
+#include "decode/PatternFile.h"
 #include "motionChecks.h"
 
 #include <gtest/gtest.h>
@@ -57,10 +57,10 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(WalkSample, StepsAlternate) {
     exportSample(kExact);
-    const ModelFile file = model();
-    const AnimationFile walk = readAnimationFile(fileText("model.ica"));
+    const decode::ModelFile file = model();
+    const decode::AnimationFile walk = decode::readAnimationFile(fileText("model.ica"));
     const auto ahead = [&](std::size_t frame) { // how far the left foot is before the right one
-        const std::vector<ModelNode> nodes = posed(file, walk, frame);
+        const std::vector<decode::ModelNode> nodes = decode::posed(file, walk, frame);
         const auto z = [&](const char* name) {
             return nodes[static_cast<std::size_t>(file.node(name).index)].world[3][2];
         };
@@ -74,7 +74,7 @@ TEST_F(WalkSample, StepsAlternate) {
 
 TEST_F(WalkSample, EyesBlinkTwice) {
     exportSample("");
-    const PatternFile file = readPatternFile(fileText("model.itp"));
+    const decode::PatternFile file = decode::readPatternFile(fileText("model.itp"));
     const std::vector<std::string>& eyes = file.of("eyes_mat").images;
     ASSERT_EQ(eyes.size(), 60U);
     for (std::size_t frame = 0; frame < eyes.size(); ++frame) {
@@ -92,8 +92,8 @@ TEST_F(WalkSample, TheLanternGoesOutTwice) {
 
 TEST_F(WalkSample, CoatAndWaterChangeAsInTheHost) {
     exportSample(";anime_tol_c=0;anime_tol_uv_t=0");
-    const AnimationFile colors = readAnimationFile(fileText("model.ima"));
-    const AnimationFile water = readAnimationFile(fileText("model.ita"));
+    const decode::AnimationFile colors = decode::readAnimationFile(fileText("model.ima"));
+    const decode::AnimationFile water = decode::readAnimationFile(fileText("model.ita"));
     ASSERT_EQ(colors.things.size(), 2U);
     const std::vector<double>& coat = colors.of("coat_mat").channel("diffuse_r").frames;
     const std::vector<double>& flow = water.of("pond_mat").channel("tex_translate_t").frames;

@@ -1,7 +1,7 @@
 // Animation through the finished program: the walking sample's files, and scenes whose frames are no plain range.
 
-#include "AnimationFile.h"
 #include "FinishedProgram.h"
+#include "decode/AnimationFile.h"
 #include "motionChecks.h"
 #include "sceneText.h"
 
@@ -24,7 +24,7 @@ std::string sampleBytes(const std::string& name) {
 }
 
 std::vector<double> framesOf(const FinishedProgram& program, const std::string& word) {
-    const AnimationFile file = readAnimationFile(program.bytes("out.ica"));
+    const decode::AnimationFile file = decode::readAnimationFile(program.bytes("out.ica"));
     return file.things.empty() ? std::vector<double>() : file.thing(0).channel(word).frames;
 }
 
@@ -43,7 +43,8 @@ TEST(Animation, OfTheWalkingSampleIsWhatStandsBesideIt) {
         const std::string name = std::string("walk.") + kind;
         EXPECT_EQ(withoutMaker(program.bytes("out/" + name)), withoutMaker(sampleBytes(name))) << name;
     }
-    EXPECT_EQ(readModelFile(program.bytes("out/walk.imd")).names(), readModelFile(sampleBytes("walk.imd")).names());
+    EXPECT_EQ(decode::readModelFile(program.bytes("out/walk.imd")).names(),
+              decode::readModelFile(sampleBytes("walk.imd")).names());
 }
 
 TEST(Animation, OfFramesBeforeZeroIsWritten) {

@@ -1,7 +1,7 @@
 // Lists of scenes and checks of names, as a build farm runs them.
 
 #include "FinishedProgram.h"
-#include "ModelFile.h"
+#include "decode/ModelFile.h"
 #include "sceneText.h"
 
 #include <gmock/gmock.h>
@@ -86,7 +86,7 @@ TEST_F(Batch, AListIsExportedSceneByScene) {
                             "[3" + rule, "# scene: scenes/car.ma", "Batch Export is finished. Total 3 scenes."));
     EXPECT_EQ(run.out, "");
     EXPECT_THAT(program.names("out"), ElementsAre("car.imd", "house.imd", "oak.imd"));
-    EXPECT_EQ(readModelFile(program.bytes("out/oak.imd")).info->value("magnify"), "2.000000");
+    EXPECT_EQ(decode::readModelFile(program.bytes("out/oak.imd")).info->value("magnify"), "2.000000");
     EXPECT_THAT(logged(), ElementsAre("[1]", "Success", "[2]", "Success", "[3]", "Success"));
     EXPECT_THAT(program.bytes("log.txt"), HasSubstr("# scene: car.ma (root: car)\n"));
 }
@@ -150,7 +150,7 @@ TEST_F(Batch, ListsOfEveryCountryAreExported) {
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.errorLines(), testing::Contains("Error: Node is not found: gone").Times(1));
     EXPECT_THAT(program.names("out"), ElementsAre(so + ".v2.imd")) << "what was exported remains";
-    const ModelFile model = readModelFile(program.bytes("out/" + so + ".v2.imd"));
+    const decode::ModelFile model = decode::readModelFile(program.bytes("out/" + so + ".v2.imd"));
     EXPECT_EQ(model.info->value("magnify"), "1.500000");
     EXPECT_EQ(model.node("a").translate.x, 0.375);
     EXPECT_THAT(program.bytes(so + ".txt"), HasSubstr("# output: " + so + ".v2.imd\n\nSuccess\n"));

@@ -2,7 +2,7 @@
 // what is written can be read.
 
 #include "FinishedProgram.h"
-#include "ModelFile.h"
+#include "decode/ModelFile.h"
 #include "sceneText.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +25,7 @@ struct Exported {
             lines.push_back(line);
         }
     }
-    ModelFile model() const { return readModelFile(program.bytes("scene.imd")); }
+    decode::ModelFile model() const { return decode::readModelFile(program.bytes("scene.imd")); }
 
     const FinishedProgram program;
     ProgramRun run;
@@ -47,9 +47,9 @@ TEST_P(NestedGroups, AreExportedWhole) {
     EXPECT_EQ(scene.run.status, 0);
     EXPECT_THAT(scene.lines, IsEmpty());
     EXPECT_LT(scene.run.peakMegabytes, 600.0) << "of which the sanitizers take the most";
-    const ModelFile model = scene.model();
+    const decode::ModelFile model = scene.model();
     ASSERT_EQ(model.nodes.size(), static_cast<std::size_t>(GetParam()));
-    const ModelNode& last = model.nodes.back();
+    const decode::ModelNode& last = model.nodes.back();
     EXPECT_EQ(last.name, "g" + std::to_string(GetParam() - 1));
     EXPECT_DOUBLE_EQ(last.world[3][0], GetParam() - 1);
     EXPECT_DOUBLE_EQ(last.world[3][1], 1.0);
@@ -74,7 +74,7 @@ TEST(CyclicConnections, UseTheStoredValuesAndAreTold) {
     EXPECT_EQ(scene.run.status, 0);
     EXPECT_THAT(scene.lines, testing::Contains(testing::MatchesRegex(
                                  "Warning: Cycle in the graph at [ab]\\.translateX \\(its stored value is used\\)")));
-    const ModelFile model = scene.model();
+    const decode::ModelFile model = scene.model();
     EXPECT_THAT(model.names(), ElementsAre("a", "b"));
     EXPECT_EQ(model.node("a").translate.y, 0.0);
 }
@@ -135,10 +135,10 @@ TEST(AbsurdNumbers, BecomeOnesThatAFileCanHold) {
                          nodeText("transform", "e", "d", "setAttr \".rp\" -type \"double3\" 1e999 nan 1e308 ;") +
                          nodeText("transform", "f", "e", "setAttr \".sh\" -type \"double3\" 1e999 nan 1e308 ;"));
     EXPECT_EQ(scene.run.status, 0);
-    const ModelFile model = scene.model(); // refuses what is no number
+    const decode::ModelFile model = scene.model(); // refuses what is no number
     EXPECT_THAT(model.names(), ElementsAre("a", "b", "c", "d", "e", "f"));
     const double most = 524288.0; // what 32 bits with 12 behind the point hold
-    for (const ModelNode& node : model.nodes) {
+    for (const decode::ModelNode& node : model.nodes) {
         for (const Imath::V3d& values : {node.scale, node.rotate, node.translate}) {
             for (int axis = 0; axis < 3; ++axis) {
                 EXPECT_TRUE(values[axis] >= -most && values[axis] <= most) << node.name << ' ' << values;

@@ -1,7 +1,7 @@
 // Meshes through the finished program.
 
 #include "FinishedProgram.h"
-#include "ModelGeometry.h"
+#include "decode/ModelGeometry.h"
 #include "meshScene.h"
 #include "sceneText.h"
 #include "shadingText.h"
@@ -17,8 +17,8 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::UnorderedElementsAre;
 
-ModelGeometry geometryOf(const FinishedProgram& program, const std::string& file) {
-    return readModelGeometry(readModelFile(program.bytes(file)));
+decode::ModelGeometry geometryOf(const FinishedProgram& program, const std::string& file) {
+    return decode::readModelGeometry(decode::readModelFile(program.bytes(file)));
 }
 
 std::string twoMeshes() {
@@ -35,7 +35,7 @@ TEST(GeometryOfAScene, IsDrawnWithAndWithoutStrips) {
     run = program.run({"scene.ma", "-o", "lists", "--set", "use_primitive_strip=0"});
     ASSERT_EQ(run.status, 0) << run.error;
     for (const char* file : {"strips.imd", "lists.imd"}) {
-        const ModelGeometry model = geometryOf(program, file);
+        const decode::ModelGeometry model = geometryOf(program, file);
         EXPECT_EQ(model.polygon("aShape").faces.size(), 3U) << file;
         EXPECT_EQ(model.polygon("bShape").faces.size(), 2U) << file;
     }
@@ -46,7 +46,7 @@ TEST(GeometryOfAScene, IsOnePolygonWhenNodesAreUnitedAndCombined) {
     program.write("scene.ma", sceneOf(twoMeshes()));
     const ProgramRun run = program.run({"scene.ma", "-o", "out", "--set", "optimize_node=4"});
     ASSERT_EQ(run.status, 0) << run.error;
-    const ModelGeometry model = geometryOf(program, "out.imd");
+    const decode::ModelGeometry model = geometryOf(program, "out.imd");
     ASSERT_EQ(model.polygons.size(), 1U);
     EXPECT_EQ(model.polygons[0].name, "aShape");
     EXPECT_EQ(model.polygons[0].faces.size(), 5U);

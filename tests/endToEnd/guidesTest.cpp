@@ -2,7 +2,7 @@
 // there.
 
 #include "FinishedProgram.h"
-#include "ModelFile.h"
+#include "decode/ModelFile.h"
 #include "sceneText.h"
 
 #include <gmock/gmock.h>
@@ -56,7 +56,7 @@ TEST(Guides, TheBatchThatIsShownGivesTheLogThatIsShown) {
     EXPECT_EQ(everywhere(program.bytes("log.txt")), everywhere(blockOf("batch.md", "# Log of TVK_Batch_Export")));
     EXPECT_NE(guide("batch.md").find("    " + run.errorLines().back() + "\n"), std::string::npos);
     EXPECT_THAT(program.names("out"), ElementsAre("house.imd", "man_walk.ica", "man_walk.imd", "oak.imd"));
-    EXPECT_THAT(readModelFile(program.bytes("out/man_walk.imd")).names(), ElementsAre("world_root", "hat", "hips"));
+    EXPECT_THAT(decode::readModelFile(program.bytes("out/man_walk.imd")).names(), ElementsAre("world_root", "hat", "hips"));
 }
 
 TEST(Guides, TheSettingsThatAreShownAreTaken) {
@@ -65,7 +65,7 @@ TEST(Guides, TheSettingsThatAreShownAreTaken) {
     program.write("f.z3es", blockOf("settings.md", "# TVK_Export settings"));
     ASSERT_EQ(program.run({"scene.ma", "--settings", "f.z3es"}).status, 0);
     EXPECT_THAT(program.names(), ElementsAre("f.z3es", "scene.ica", "scene.imd", "scene.ma"));
-    EXPECT_EQ(readModelFile(program.bytes("scene.imd")).info->value("magnify"), "2.000000");
+    EXPECT_EQ(decode::readModelFile(program.bytes("scene.imd")).info->value("magnify"), "2.000000");
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // Shaded scenes through the finished program.
 
 #include "FinishedProgram.h"
-#include "IntermediateFile.h"
+#include "decode/IntermediateFile.h"
 #include "sceneText.h"
 #include "shadingText.h"
 
@@ -18,10 +18,11 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 std::vector<std::string> materialsOf(const FinishedProgram& program, const std::string& file) {
-    const FileElement root = readIntermediateFile(program.bytes(file));
-    const FileElement* const array = root.find("body")->find("material_array");
+    const decode::FileElement root = decode::readIntermediateFile(program.bytes(file));
+    const decode::FileElement* const array = root.find("body")->find("material_array");
     std::vector<std::string> names;
-    for (const FileElement& material : array == nullptr ? std::vector<FileElement>() : array->children) {
+    for (const decode::FileElement& material :
+         array == nullptr ? std::vector<decode::FileElement>() : array->children) {
         names.push_back(material.value("name"));
     }
     return names;

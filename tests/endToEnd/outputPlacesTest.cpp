@@ -1,7 +1,7 @@
 // Where files and words cannot go.
 
 #include "FinishedProgram.h"
-#include "ModelFile.h"
+#include "decode/ModelFile.h"
 #include "sceneText.h"
 
 #include <gmock/gmock.h>
@@ -78,7 +78,7 @@ TEST(StandardOutput, ThatIsFullFailsTheRunAfterTheExport) {
         const ProgramRun run = program.run({"scene.ma"}, {{}, out});
         EXPECT_EQ(run.status, 1) << out;
         EXPECT_THAT(run.errorLines(), ElementsAre("Error: cannot write to standard output")) << out;
-        EXPECT_THAT(readModelFile(program.bytes("scene.imd")).names(), ElementsAre("a")) << out;
+        EXPECT_THAT(decode::readModelFile(program.bytes("scene.imd")).names(), ElementsAre("a")) << out;
         fs::remove(program.path("scene.imd"));
     }
 }
@@ -88,7 +88,7 @@ TEST(StandardOutput, ThatIsClosedMattersNotWhenNothingIsPrinted) {
     program.write("scene.ma", sceneOf(nodeText("transform", "a")));
     const ProgramRun run = program.run({"scene.ma", "-q"}, {{}, "-"});
     EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(readModelFile(program.bytes("scene.imd")).names(), ElementsAre("a"));
+    EXPECT_THAT(decode::readModelFile(program.bytes("scene.imd")).names(), ElementsAre("a"));
 }
 
 TEST(ExistingFile, IsReplacedWhole) {
@@ -96,7 +96,7 @@ TEST(ExistingFile, IsReplacedWhole) {
     program.write("scene.ma", sceneOf(nodeText("transform", "a")));
     program.write("scene.imd", std::string(100000, 'x'));
     ASSERT_EQ(program.run({"scene.ma"}).status, 0);
-    EXPECT_THAT(readModelFile(program.bytes("scene.imd")).names(), ElementsAre("a"));
+    EXPECT_THAT(decode::readModelFile(program.bytes("scene.imd")).names(), ElementsAre("a"));
 }
 
 TEST(ExistingFile, SurvivesASceneThatCannotBeOpened) {

@@ -1,7 +1,7 @@
 // Scenes that the real host wrote, through the finished program.
 
 #include "FinishedProgram.h"
-#include "ModelFile.h"
+#include "decode/ModelFile.h"
 
 #include <gmock/gmock.h>
 
@@ -65,7 +65,7 @@ TEST_P(RealScene, IsExportedAndTheSameBytesEveryTime) {
     }
     ASSERT_EQ(run.status, 0) << run.error;
     EXPECT_THAT(run.errorLines(), testing::Each(testing::StartsWith("Warning: ")));
-    EXPECT_FALSE(readModelFile(program.bytes("first.imd")).nodes.empty());
+    EXPECT_FALSE(decode::readModelFile(program.bytes("first.imd")).nodes.empty());
 
     ASSERT_EQ(program.run({GetParam(), "-q", "-o", "second", "--kinds", "imd,iva"}).status, 0);
     for (const char* kind : {".imd", ".iva"}) {

@@ -1,7 +1,7 @@
 // Scenes of all systems and languages, and users of all countries.
 
 #include "FinishedProgram.h"
-#include "ModelFile.h"
+#include "decode/ModelFile.h"
 #include "sceneText.h"
 
 #include <gmock/gmock.h>
@@ -44,7 +44,7 @@ TEST(SceneText, OfEverySystemGivesTheSameModel) {
         expected = expected.empty() ? model : expected;
         EXPECT_EQ(model, expected);
     }
-    EXPECT_THAT(readModelFile(program.bytes("scene.imd")).names(), ElementsAre("a", "b"));
+    EXPECT_THAT(decode::readModelFile(program.bytes("scene.imd")).names(), ElementsAre("a", "b"));
 }
 
 struct CodesetRow {
@@ -67,7 +67,7 @@ TEST_P(Codeset, NamesAreWrittenInShiftJis) {
     const ProgramRun run = program.run({"scene.ma", "-q"});
     ASSERT_EQ(run.status, 0) << run.error;
     EXPECT_THAT(run.errorLines(), IsEmpty());
-    EXPECT_THAT(readModelFile(program.bytes("scene.imd")).names(), ElementsAre(GetParam().written));
+    EXPECT_THAT(decode::readModelFile(program.bytes("scene.imd")).names(), ElementsAre(GetParam().written));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -91,7 +91,7 @@ TEST(FileNames, MayBeJapanese) {
     EXPECT_THAT(run.out, HasSubstr("\nWritten: " + kSo + ".d/" + kSo + ".imd ("));
     const std::string model = program.bytes(kSo + ".d/" + kSo + ".imd");
     EXPECT_THAT(model, HasSubstr(" source=\"" + kTableWritten + ".ma\"/>\n"));
-    EXPECT_THAT(readModelFile(model).names(), ElementsAre("a"));
+    EXPECT_THAT(decode::readModelFile(model).names(), ElementsAre("a"));
 }
 
 TEST(FileNames, ThatCannotBeReadAreShownAsTheyWereTyped) {

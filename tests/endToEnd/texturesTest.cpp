@@ -1,7 +1,7 @@
 // Textured scenes through the finished program.
 
 #include "FinishedProgram.h"
-#include "ModelTextures.h"
+#include "decode/ModelTextures.h"
 #include "sceneText.h"
 #include "shownPictures.h"
 #include "textureScene.h"
@@ -21,8 +21,8 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-ModelTextures texturesOf(const FinishedProgram& program, const std::string& file) {
-    return readModelTextures(readIntermediateFile(program.bytes(file)));
+decode::ModelTextures texturesOf(const FinishedProgram& program, const std::string& file) {
+    return decode::readModelTextures(decode::readIntermediateFile(program.bytes(file)));
 }
 
 TEST(Textures, OfASceneAreFoundBesideItAndShowTheirPictures) {
@@ -36,7 +36,7 @@ TEST(Textures, OfASceneAreFoundBesideItAndShowTheirPictures) {
     ASSERT_EQ(run.status, 0) << run.error;
     EXPECT_THAT(run.out,
                 HasSubstr("Texture image is read from another place: D:/old/wood.tga -> " + program.path("wood.tga")));
-    const ModelTextures textures = texturesOf(program, "out.imd");
+    const decode::ModelTextures textures = texturesOf(program, "out.imd");
     EXPECT_EQ(textures.image("wood").format, "palette16");
     EXPECT_EQ(textures.image("wood").path, "D:/old/wood.tga");
     EXPECT_EQ(textures.image("leaf").format, "direct");
@@ -108,7 +108,7 @@ TEST(Textures, WithJapaneseNamesAreWrittenInShiftJis) {
     const ProgramRun run = program.run({"scene.ma", "-q", "-o", "out"});
     ASSERT_EQ(run.status, 0) << run.error;
     EXPECT_THAT(run.errorLines(), Each(Not(HasSubstr("Shift_JIS"))));
-    const ModelTextures textures = texturesOf(program, "out.imd");
+    const decode::ModelTextures textures = texturesOf(program, "out.imd");
     expectShows(textures.image("\x83\x5C"), picture);
     EXPECT_EQ(textures.image("\x83\x5C").paletteName, "\x83\x5C");
 }

@@ -1,7 +1,7 @@
 // Scenes from strangers: opening one runs nothing that it holds.
 
 #include "FinishedProgram.h"
-#include "ModelFile.h"
+#include "decode/ModelFile.h"
 #include "sceneText.h"
 
 #include <gmock/gmock.h>

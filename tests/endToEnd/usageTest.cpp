@@ -1,7 +1,7 @@
 // What a user types, right and wrong.
 
 #include "FinishedProgram.h"
-#include "ModelFile.h"
+#include "decode/ModelFile.h"
 #include "sceneText.h"
 
 #include <gmock/gmock.h>
@@ -124,7 +124,7 @@ TEST(OrdinaryRun, TellsWhatWasWritten) {
     EXPECT_THAT(run.out, HasSubstr("Output Folder\t: " + program.path("out/") + "\n"));
     EXPECT_THAT(run.out, HasSubstr("Compress Node\t: None ( 2 )\n"));
     EXPECT_THAT(run.out, testing::EndsWith("\nWritten: out/home.imd (" + size + " bytes)\n"));
-    EXPECT_THAT(readModelFile(program.bytes("out/home.imd")).names(), ElementsAre("a", "b"));
+    EXPECT_THAT(decode::readModelFile(program.bytes("out/home.imd")).names(), ElementsAre("a", "b"));
 }
 
 TEST(OrdinaryRun, WithoutABaseStandsInTheWorkingFolder) {
@@ -170,7 +170,7 @@ TEST(Settings, ReachTheExporter) {
     const FinishedProgram program;
     program.write("scene.ma", sceneOf(nodeText("transform", "a", "", set3("t", 1, 2, 3))));
     ASSERT_EQ(program.run({"scene.ma", "--set", "magnify=2"}).status, 0);
-    const ModelFile model = readModelFile(program.bytes("scene.imd"));
+    const decode::ModelFile model = decode::readModelFile(program.bytes("scene.imd"));
     EXPECT_EQ(model.info->value("magnify"), "2.000000");
     EXPECT_EQ(model.node("a").translate, Imath::V3d(2, 4, 6));
 }
@@ -180,11 +180,11 @@ TEST(Settings, OfAFileStandBelowThoseOfTheLine) {
     program.write("scene.ma", sceneOf(nodeText("transform", "a", "", set3("t", 1, 2, 3))));
     program.write("f.z3es", "# TVK_Export settings\r\nmagnify=\"2\"\r\noutput_ica=\"on\"\r\n");
     ASSERT_EQ(program.run({"scene.ma", "--settings", "f.z3es"}).status, 0);
-    EXPECT_EQ(readModelFile(program.bytes("scene.imd")).info->value("magnify"), "2.000000");
+    EXPECT_EQ(decode::readModelFile(program.bytes("scene.imd")).info->value("magnify"), "2.000000");
     EXPECT_THAT(program.names(), ElementsAre("f.z3es", "scene.ica", "scene.imd", "scene.ma"));
     ASSERT_EQ(
         program.run({"scene.ma", "--settings", "f.z3es", "--set", "magnify=3", "--kinds", "imd", "-o", "x"}).status, 0);
-    EXPECT_EQ(readModelFile(program.bytes("x.imd")).info->value("magnify"), "3.000000");
+    EXPECT_EQ(decode::readModelFile(program.bytes("x.imd")).info->value("magnify"), "3.000000");
     EXPECT_THAT(program.names(), ElementsAre("f.z3es", "scene.ica", "scene.imd", "scene.ma", "x.imd"));
 }
 
@@ -194,7 +194,7 @@ TEST(Settings, OfAnUnknownKeyAreWarnedOf) {
     const ProgramRun run = program.run({"scene.ma", "--set", "nonsense=1", "--set", "magnify=2", "--strict"});
     EXPECT_EQ(run.status, 2);
     EXPECT_THAT(run.errorLines(), ElementsAre("Warning: --set: the exporter has no option 'nonsense'"));
-    EXPECT_EQ(readModelFile(program.bytes("scene.imd")).info->value("magnify"), "2.000000");
+    EXPECT_EQ(decode::readModelFile(program.bytes("scene.imd")).info->value("magnify"), "2.000000");
 }
 
 // The exporter takes a magnification that is none for 1.
@@ -215,7 +215,7 @@ TEST(Select, ExportsTheNodesAndWhatIsBelow) {
     program.write("scene.ma", sceneOf(nodeText("transform", "a") + nodeText("transform", "b") +
                                       nodeText("transform", "c", "b") + nodeText("transform", "d")));
     ASSERT_EQ(program.run({"scene.ma", "--select", "b,d"}).status, 0);
-    EXPECT_THAT(readModelFile(program.bytes("scene.imd")).names(), ElementsAre("world_root", "b", "d", "c"));
+    EXPECT_THAT(decode::readModelFile(program.bytes("scene.imd")).names(), ElementsAre("world_root", "b", "d", "c"));
 }
 
 TEST(Scripts, SeeTheSceneAndMayExport) {
@@ -227,7 +227,7 @@ TEST(Scripts, SeeTheSceneAndMayExport) {
     EXPECT_EQ(run.status, 0) << run.error;
     EXPECT_THAT(run.out, testing::EndsWith("b\n"));
     EXPECT_THAT(program.names(), ElementsAre("export.mel", "mine.imd", "scene.ma"));
-    EXPECT_EQ(readModelFile(program.bytes("mine.imd")).node("a").translate.x, 10.0);
+    EXPECT_EQ(decode::readModelFile(program.bytes("mine.imd")).node("a").translate.x, 10.0);
 }
 
 } // namespace

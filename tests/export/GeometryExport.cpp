@@ -13,7 +13,7 @@ void GeometryExport::exportOpen(const std::string& options, bool selected) {
     const MStatus status = selected ? session.exportSelected(options) : session.exportAll(options);
     ASSERT_TRUE(status) << session.takeMessages();
     file = session.model();
-    model = readModelGeometry(file);
+    model = decode::readModelGeometry(file);
 }
 
 void GeometryExport::expectRefused(const std::string& statements, const std::string& messages,
@@ -27,18 +27,18 @@ void GeometryExport::expectRefused(const std::string& statements, const std::str
 
 void GeometryExport::poseAsTheHost() {
     std::vector<Imath::M44d> worlds;
-    for (const ModelNode& node : file.nodes) {
+    for (const decode::ModelNode& node : file.nodes) {
         worlds.push_back(node.name == "world_root" ? Imath::M44d() : session.expectedWorld(node.name));
     }
-    poseModel(file, worlds, model);
+    decode::poseModel(file, worlds, model);
 }
 
-void GeometryExport::play(const AnimationFile& animation, int frame) {
+void GeometryExport::play(const decode::AnimationFile& animation, int frame) {
     std::vector<Imath::M44d> worlds;
-    for (const ModelNode& node : posed(file, animation, static_cast<std::size_t>(frame))) {
+    for (const decode::ModelNode& node : decode::posed(file, animation, static_cast<std::size_t>(frame))) {
         worlds.push_back(node.world);
     }
-    poseModel(file, worlds, model);
+    decode::poseModel(file, worlds, model);
     session.mel("currentTime " + std::to_string(frame + file.info->integer("tool_start_frame")));
 }
 
@@ -48,13 +48,13 @@ void GeometryExport::expectDrawnAs(const std::vector<SceneFace>& faces, double p
     expectDrawn(file, model, faces, tolerance);
 }
 
-const DrawnVertex& GeometryExport::vertexAt(const Imath::V3d& world) const {
-    static const DrawnVertex none;
-    const DrawnVertex* best = &none;
+const decode::DrawnVertex& GeometryExport::vertexAt(const Imath::V3d& world) const {
+    static const decode::DrawnVertex none;
+    const decode::DrawnVertex* best = &none;
     double least = 2.0 / 4096;
-    for (const DrawnPolygon& polygon : model.polygons) {
-        for (const DrawnFace& face : polygon.faces) {
-            for (const DrawnVertex& vertex : face) {
+    for (const decode::DrawnPolygon& polygon : model.polygons) {
+        for (const decode::DrawnFace& face : polygon.faces) {
+            for (const decode::DrawnVertex& vertex : face) {
                 if ((vertex.world - world).length() <= least) {
                     best = &vertex;
                     least = (vertex.world - world).length();
@@ -66,10 +66,10 @@ const DrawnVertex& GeometryExport::vertexAt(const Imath::V3d& world) const {
     return *best;
 }
 
-const FileElement& GeometryExport::part(const char* name) const {
-    static const FileElement none;
-    const FileElement* const body = file.root.find("body");
-    const FileElement* const found = body == nullptr ? nullptr : body->find(name);
+const decode::FileElement& GeometryExport::part(const char* name) const {
+    static const decode::FileElement none;
+    const decode::FileElement* const body = file.root.find("body");
+    const decode::FileElement* const found = body == nullptr ? nullptr : body->find(name);
     EXPECT_NE(found, nullptr) << name;
     return found == nullptr ? none : *found;
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "AnimationFile.h"
 #include "ExportSession.h"
-#include "ModelGeometry.h"
 #include "SceneFaces.h"
+#include "decode/AnimationFile.h"
+#include "decode/ModelGeometry.h"
 #include "drawnFaces.h"
 #include "meshScene.h"
 
@@ -27,18 +27,18 @@ protected:
     /// Moves what was read as the host's nodes stand now.
     void poseAsTheHost();
     /// Moves it as a player of model.ica does, and the host to the same frame; frames of the file count from 0.
-    void play(const AnimationFile& animation, int frame);
+    void play(const decode::AnimationFile& animation, int frame);
     /// The faces of a shape as the host has it now.
     std::vector<SceneFace> facesOf(const std::string& shape) const { return sceneFaces(session.path(shape)); }
     void expectDrawnAs(const std::vector<SceneFace>& faces, double position = 1.0 / 2048) const;
     /// The drawn vertex nearest to a place in the world; a test failure when it is not within 2/4096.
-    const DrawnVertex& vertexAt(const Imath::V3d& world) const;
+    const decode::DrawnVertex& vertexAt(const Imath::V3d& world) const;
     /// Children of an element of the body; a test failure when there is no such element.
-    const FileElement& part(const char* name) const;
+    const decode::FileElement& part(const char* name) const;
 
     ExportSession session;
-    ModelFile file;
-    ModelGeometry model;
+    decode::ModelFile file;
+    decode::ModelGeometry model;
 };
 
 /// The box between two corners, its faces to the outside.

@@ -47,7 +47,7 @@ TEST_F(CompressedScenes, MergeFoldsAMovingGroupIntoItsMesh) {
     session.mel("currentTime 1");
     EXPECT_LT(distance(file.node("leaf").world, session.expectedWorld("leaf")), 2e-3);
     expectDrawnAs(facesOf("leafShape"), 2e-3);
-    const AnimationFile animation = readAnimationFile(session.fileText("model.ica"));
+    const decode::AnimationFile animation = decode::readAnimationFile(session.fileText("model.ica"));
     for (int frame = 0; frame < animation.frameCount; ++frame) {
         play(animation, frame);
         expectDrawnAs(facesOf("leafShape"), 4e-3);
@@ -100,7 +100,7 @@ TEST_P(CompressedCharacter, KeepsWhatIsNamedAndDrawsTheSame) {
     EXPECT_EQ(file.nodes[static_cast<std::size_t>(model.polygon("bodyShape").node)].name, "body");
     EXPECT_EQ(file.nodes[static_cast<std::size_t>(model.polygon("propShape").node)].name, "prop");
     std::vector<std::string> influences;
-    for (const double node : readNumbers(part("envelope").find("node_idx")->text)) {
+    for (const double node : decode::readNumbers(part("envelope").find("node_idx")->text)) {
         influences.push_back(file.nodes.at(static_cast<std::size_t>(node)).name);
     }
     EXPECT_THAT(influences, ElementsAre("hip", "knee", "knee", "foot"));
@@ -132,7 +132,7 @@ INSTANTIATE_TEST_SUITE_P(Modes, CompressedCharacter,
 TEST_F(CompressedScenes, MergeLosesNothingOfVerticesOnTheirStrongestBone) {
     exportScene(characterScene(), "optimize_node=2;force_full_weight=1");
     EXPECT_EQ(file.root.find("body")->find("envelope"), nullptr);
-    for (const FileElement& matrix : part("matrix_array").children) {
+    for (const decode::FileElement& matrix : part("matrix_array").children) {
         EXPECT_EQ(matrix.integer("mtx_weight"), 1);
     }
     // Halves go to the bone that stands first in the file.
@@ -184,7 +184,7 @@ TEST_F(CompressedScenes, UniteTakesASnapshotOfWhatIsShown) {
     EXPECT_LT(distance(file.node("spot").world, session.expectedWorld("spot")), 2e-3);
     EXPECT_EQ(part("matrix_array").integer("size"), 1);
     EXPECT_EQ(model.polygons.size(), 2U);
-    for (const DrawnPolygon& polygon : model.polygons) {
+    for (const decode::DrawnPolygon& polygon : model.polygons) {
         EXPECT_EQ(polygon.node, 0);
     }
     expectDrawnAs(facesOf("bodyShape") + facesOf("shearedShape"));
@@ -275,7 +275,7 @@ TEST_F(CompressedScenes, InstancedGroupsDrawTheirMeshesAtEveryPath) {
     EXPECT_THAT(file.names(),
                 UnorderedElementsAre("world_root", "left", "right", "group", "group_1", "a", "a_1", "c", "c_1"));
     EXPECT_EQ(model.polygons.size(), 4U);
-    for (const DrawnPolygon& polygon : model.polygons) {
+    for (const decode::DrawnPolygon& polygon : model.polygons) {
         EXPECT_EQ(polygon.faces.size(), 1U);
     }
 }

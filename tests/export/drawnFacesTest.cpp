@@ -37,7 +37,7 @@ protected:
         return text;
     }
 
-    std::vector<DrawnFace>& drawn() { return model.polygons.front().faces; }
+    std::vector<decode::DrawnFace>& drawn() { return model.polygons.front().faces; }
 
     std::vector<SceneFace> faces;
 };
@@ -57,13 +57,13 @@ TEST_F(DrawnFaces, ThatAreSentTwiceAreTold) {
 }
 
 TEST_F(DrawnFaces, ThatWindTheOtherWayAreTold) {
-    const DrawnFace face = drawn().front();
+    const decode::DrawnFace face = drawn().front();
     drawn().front().assign(face.rbegin(), face.rend());
     EXPECT_NE(difference(), "");
 }
 
 TEST_F(DrawnFaces, ThatAreElsewhereAreTold) {
-    for (DrawnVertex& vertex : drawn().front()) {
+    for (decode::DrawnVertex& vertex : drawn().front()) {
         vertex.world.z += 0.01;
     }
     EXPECT_NE(difference(), "");

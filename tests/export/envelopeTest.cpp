@@ -206,7 +206,7 @@ TEST_F(OutputFile, TellsTheFeedbackLine) {
 
 TEST_F(OutputFile, HasOneDate) {
     EXPECT_TRUE(writeOutputFile(OutputKind::kImd));
-    const FileElement root = readIntermediateFile(session.fileText("model.imd"));
+    const decode::FileElement root = decode::readIntermediateFile(session.fileText("model.imd"));
     EXPECT_EQ(root.find("head")->find("create")->attributes, root.find("body")->find("original_create")->attributes);
     EXPECT_EQ(root.find("head")->find("generator")->attributes,
               root.find("body")->find("original_generator")->attributes);

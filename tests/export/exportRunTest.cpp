@@ -124,9 +124,9 @@ TEST_F(ExportRun, OnlyTheVisibilityOfASceneWithoutAnyIsWrittenWithAWarning) {
     ASSERT_TRUE(session.exportAll("imd_file_out=0;iva_file_out=1"));
     EXPECT_EQ(session.takeMessages(), "Warning: No visibility animation\n\n");
     EXPECT_FALSE(session.hasFile("model.imd"));
-    const VisibilityFile file = session.visibility();
+    const decode::VisibilityFile file = session.visibility();
     ASSERT_EQ(file.nodes.size(), 3U);
-    for (const VisibilityFile::Node& node : file.nodes) {
+    for (const decode::VisibilityFile::Node& node : file.nodes) {
         EXPECT_EQ(node.dataSize, 1);
     }
     EXPECT_EQ(file.nodes[0].dataHead, file.nodes[1].dataHead);
@@ -144,7 +144,7 @@ TEST_F(ExportRun, AHiddenParentHidesTheMeshBelowIt) {
                  meshText("bodyShape", "body") + inDefaultGroup("bodyShape") +
                  visibilityKeys("group", "0 1 5 0 9 1", 3) + playback(0, 11));
     ASSERT_TRUE(session.exportAll("iva_file_out=1"));
-    const VisibilityFile file = session.visibility();
+    const decode::VisibilityFile file = session.visibility();
     ASSERT_EQ(file.nodes.size(), 2U);
     const std::vector<std::pair<int, int>> keys{{0, 1}, {5, 0}, {9, 1}};
     EXPECT_EQ(file.nodes[0].keys, keys);
@@ -167,8 +167,8 @@ TEST_F(ExportRun, EveryFrameShowsWhatTheHostShows) {
                  visibilityKeys("a", "1 1 4 0 7 1", 3) + visibilityKeys("b", "2 0 3 1 6 0 8 1", 4) +
                  visibilityKeys("c", "1 0 9 1", 2) + playback(1, 12));
     ASSERT_TRUE(session.exportAll("iva_file_out=1"));
-    const VisibilityFile file = session.visibility();
-    const ModelFile model = session.model();
+    const decode::VisibilityFile file = session.visibility();
+    const decode::ModelFile model = session.model();
     for (const std::string name : {"a", "b", "c"}) {
         const auto& frames = file.nodes.at(static_cast<std::size_t>(model.node(name).index)).frames;
         ASSERT_EQ(frames.size(), 12U);
@@ -203,7 +203,7 @@ TEST_F(ExportRun, ASelectionBelowAMovedParentStaysInItsSpace) {
                  nodeText("transform", "a", "group", set3("t", 1, 2, 3)) + nodeText("transform", "b", "a"));
     session.mel("select -r a");
     ASSERT_TRUE(session.exportSelected());
-    const ModelFile model = session.model();
+    const decode::ModelFile model = session.model();
     EXPECT_THAT(model.names(), ElementsAre("a", "b"));
     EXPECT_EQ(model.node("a").translate, Imath::V3d(1, 2, 3));
     EXPECT_THAT(session.infos,
@@ -230,7 +230,7 @@ TEST_F(ExportRun, SelectedNodesOfSeveralBranchesHangBelowTheSyntheticRoot) {
                  nodeText("transform", "a", "h") + nodeText("transform", "x", "a"));
     session.mel("select -r b a x");
     ASSERT_TRUE(session.exportSelected());
-    const ModelFile model = session.model();
+    const decode::ModelFile model = session.model();
     EXPECT_THAT(model.names(), ElementsAre("world_root", "a", "b", "x"));
     EXPECT_THAT(model.childrenOf("world_root"), ElementsAre("a", "b"));
     EXPECT_THAT(model.childrenOf("a"), ElementsAre("x"));
@@ -260,7 +260,7 @@ TEST_F(ExportRun, SceneClutter) {
                  nodeText("camera", "shot1Shape", "shot1") + nodeText("transform", "lens", "shot1") +
                  meshText("lensShape", "lens") + inDefaultGroup("lensShape"));
     ASSERT_TRUE(session.exportAll());
-    const ModelFile model = session.model();
+    const decode::ModelFile model = session.model();
     EXPECT_THAT(model.names(),
                 ElementsAre("hero", "ctrl_a", "ctrl_b", "ghost", "grip", "hip", "shot1", "knee", "lens"));
     for (const char* name : {"hero", "ctrl_a", "ctrl_b", "ghost", "grip", "shot1"}) {
@@ -291,7 +291,7 @@ TEST_F(ExportRun, InstancesAndClashes) {
                                       "Warning: Node name changed: right|group|a_1 -> a_1_1\n"
                                       "Warning: Node name changed: right|group|c -> c_1\n"
                                       "Warning: Node name changed: world_root -> world_root_1\n\n");
-    const ModelFile model = session.model();
+    const decode::ModelFile model = session.model();
     EXPECT_THAT(model.names(), ElementsAre("world_root_1", "left", "right", "world_root", "group", "group_1", "a",
                                            "a_1", "a_1_1", "a_2", "c", "c_1"));
     EXPECT_THAT(model.childrenOf("world_root_1"), ElementsAre("left", "right", "world_root"));

@@ -29,18 +29,18 @@ protected:
     }
 
     // Nothing is drawn outside of the outline, and nothing twice: then the pieces add up to more than the outline has.
-    static double drawnArea(const DrawnPolygon& polygon) {
+    static double drawnArea(const decode::DrawnPolygon& polygon) {
         double area = 0.0;
-        for (const DrawnFace& piece : polygon.faces) {
+        for (const decode::DrawnFace& piece : polygon.faces) {
             area += vectorArea(outlineOf(piece)).length();
         }
         return area;
     }
 
     std::size_t quads(const char* polygon) const {
-        const std::vector<DrawnFace>& faces = model.polygon(polygon).faces;
-        return static_cast<std::size_t>(
-            std::count_if(faces.begin(), faces.end(), [](const DrawnFace& piece) { return piece.size() == 4; }));
+        const std::vector<decode::DrawnFace>& faces = model.polygon(polygon).faces;
+        return static_cast<std::size_t>(std::count_if(
+            faces.begin(), faces.end(), [](const decode::DrawnFace& piece) { return piece.size() == 4; }));
     }
 };
 
@@ -55,7 +55,7 @@ class FaceZoo : public ExportedFaces, public testing::WithParamInterface<ZooCase
 
 TEST_P(FaceZoo, IsDrawnWithinItsOutline) {
     exportScene(meshNode("a", face(GetParam().outline)));
-    const DrawnPolygon& polygon = model.polygon("aShape");
+    const decode::DrawnPolygon& polygon = model.polygon("aShape");
     EXPECT_EQ(quads("aShape"), GetParam().quads);
     EXPECT_EQ(polygon.faces.size(), GetParam().quads + GetParam().triangles);
     EXPECT_NEAR(drawnArea(polygon), GetParam().area, 1e-3);
@@ -143,7 +143,7 @@ TEST_F(ExportedFaces, OfTenThousandSidesAreDrawnWhole) {
         outline.push_back({radius * std::cos(angle), radius * std::sin(angle), 0});
     }
     exportScene(meshNode("a", face(outline)));
-    const DrawnPolygon& polygon = model.polygon("aShape");
+    const decode::DrawnPolygon& polygon = model.polygon("aShape");
     EXPECT_LE(polygon.faces.size(), kSides - 2U); // some are thinner than a step
     std::vector<Imath::V3d> corners;
     for (const auto& point : outline) {
@@ -164,7 +164,7 @@ TEST_F(ExportedFaces, OfASeamedCubeKeepTheirOwnCornersAndNoStripCrossesASeam) {
     }
     exportScene(fileTextureText("picture", session.folder.path("picture.tga")) + shaderText("paint", "picture") +
                 meshNode("a", cube, "", "paint_group"));
-    const DrawnPolygon& polygon = model.polygon("aShape");
+    const decode::DrawnPolygon& polygon = model.polygon("aShape");
     EXPECT_TRUE(polygon.hasNormals && polygon.hasTexCoords && polygon.hasColors);
     EXPECT_THAT(polygon.primitiveTypes, ElementsAre("quads"));
     EXPECT_EQ(polygon.verticesSent, 24);
@@ -220,13 +220,13 @@ std::string withoutDates(std::string text) {
 
 TEST_F(ExportedFaces, OfASmoothGridAreTheSameWithAndWithoutStrips) {
     exportScene(meshNode("a", smoothGrid(100)), "use_primitive_strip=0");
-    const DrawnPolygon lists = model.polygon("aShape");
+    const decode::DrawnPolygon lists = model.polygon("aShape");
     EXPECT_THAT(lists.primitiveTypes, ElementsAre("quads"));
     EXPECT_EQ(lists.verticesSent, 4 * 100 * 100);
     expectDrawnAs(facesOf("aShape"));
 
     exportOpen("use_primitive_strip=1");
-    const DrawnPolygon strips = model.polygon("aShape");
+    const decode::DrawnPolygon strips = model.polygon("aShape");
     EXPECT_LT(strips.verticesSent, 0.6 * lists.verticesSent);
     expectDrawnAs(facesOf("aShape"));
 

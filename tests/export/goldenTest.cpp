@@ -3,7 +3,7 @@
 #include "export/exportRun.h"
 
 #include "ExportSession.h"
-#include "ModelGeometry.h"
+#include "decode/ModelGeometry.h"
 
 #include "common/numberText.h"
 
@@ -71,15 +71,15 @@ TEST(Golden, Character) {
     ASSERT_TRUE(gatherScene());
     EXPECT_EQ(session.takeMessages(), "");
     const std::string model = compose(OutputKind::kImd, createFor("character"));
-    readModelFile(model);
+    decode::readModelFile(model);
     checkGolden("character.imd", model);
     const std::string visibility = compose(OutputKind::kIva, createFor("character"));
-    readVisibilityFile(visibility);
+    decode::readVisibilityFile(visibility);
     checkGolden("character.iva", visibility);
 }
 
-CreateRecord createOf(const FileElement& root) {
-    const FileElement& create = *root.find("head")->find("create");
+CreateRecord createOf(const decode::FileElement& root) {
+    const decode::FileElement& create = *root.find("head")->find("create");
     return {create.value("user"), create.value("host"), create.value("date"), create.value("source")};
 }
 
@@ -91,18 +91,18 @@ TEST(Golden, IsWhatAnExportWrites) {
     const std::string visibility = session.fileText("model.iva");
     session.prepareRun("iva_file_out=1");
     ASSERT_TRUE(gatherScene());
-    EXPECT_EQ(compose(OutputKind::kImd, createOf(readIntermediateFile(model))), model);
-    EXPECT_EQ(compose(OutputKind::kIva, createOf(readIntermediateFile(visibility))), visibility);
-    EXPECT_EQ(createOf(readIntermediateFile(model)).source, "character.ma");
+    EXPECT_EQ(compose(OutputKind::kImd, createOf(decode::readIntermediateFile(model))), model);
+    EXPECT_EQ(compose(OutputKind::kIva, createOf(decode::readIntermediateFile(visibility))), visibility);
+    EXPECT_EQ(createOf(decode::readIntermediateFile(model)).source, "character.ma");
 }
 
 TEST(Golden, CharacterStandsWhereTheHostHasIt) {
     ExportSession session;
     openSample(session, "character");
     ASSERT_TRUE(session.exportAll());
-    const ModelFile model = session.model();
+    const decode::ModelFile model = session.model();
     EXPECT_EQ(model.nodes.size(), 15U);
-    for (const ModelNode& node : model.nodes) {
+    for (const decode::ModelNode& node : model.nodes) {
         EXPECT_LT(distance(node.world, session.expectedWorld(node.name)), 2e-3) << node.name;
     }
 }
@@ -138,7 +138,7 @@ TEST(Golden, Materials) {
                                              "\n"));
     EXPECT_THAT(messages, testing::HasSubstr("Warning: Invalid shader (ignored): poster_mat\n"));
     const std::string model = compose(OutputKind::kImd, createFor("materials"));
-    readModelFile(model);
+    decode::readModelFile(model);
     checkGolden("materials.imd", model);
 }
 
@@ -167,7 +167,7 @@ TEST(Golden, Golem) {
     ASSERT_TRUE(gatherScene());
     const std::string model = compose(OutputKind::kImd, createFor("golem"));
     EXPECT_EQ(session.takeMessages(), "");
-    readModelGeometry(readModelFile(model));
+    decode::readModelGeometry(decode::readModelFile(model));
     checkGolden("golem.imd", model);
 }
 
@@ -175,14 +175,14 @@ TEST(Golden, Golem) {
 class SampleMaterials : public testing::Test {
 protected:
     void SetUp() override { openSample(session, "materials"); }
-    FileElement body(const std::string& options) {
+    decode::FileElement body(const std::string& options) {
         EXPECT_TRUE(session.exportAll(options));
-        const FileElement root = readIntermediateFile(session.fileText("model.imd"));
-        return root.find("body") != nullptr ? *root.find("body") : FileElement();
+        const decode::FileElement root = decode::readIntermediateFile(session.fileText("model.imd"));
+        return root.find("body") != nullptr ? *root.find("body") : decode::FileElement();
     }
-    static std::vector<std::string> valuesOf(const FileElement& array, const std::string& attribute) {
+    static std::vector<std::string> valuesOf(const decode::FileElement& array, const std::string& attribute) {
         std::vector<std::string> values;
-        for (const FileElement& element : array.children) {
+        for (const decode::FileElement& element : array.children) {
             values.push_back(element.value(attribute));
         }
         return values;
@@ -192,7 +192,7 @@ protected:
 };
 
 TEST_F(SampleMaterials, ShowEveryTextureFormat) {
-    const FileElement images = *body("").find("tex_image_array");
+    const decode::FileElement images = *body("").find("tex_image_array");
     const std::vector<std::string> formats = valuesOf(images, "format");
     EXPECT_THAT(formats,
                 testing::IsSupersetOf({"a3i5", "palette4", "palette16", "palette256", "tex4x4", "a5i3", "direct"}));
@@ -209,7 +209,7 @@ TEST_F(SampleMaterials, EqualOnesMergeUnderCompression) {
 }
 
 TEST_F(SampleMaterials, TheLampsShareOnePalette) {
-    const FileElement palettes = *body("").find("tex_palette_array");
+    const decode::FileElement palettes = *body("").find("tex_palette_array");
     const std::vector<std::string> names = valuesOf(palettes, "name");
     EXPECT_EQ(std::count(names.begin(), names.end(), "lamps"), 1);
 }

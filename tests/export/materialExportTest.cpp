@@ -1,5 +1,5 @@
 #include "ExportSession.h"
-#include "ModelTextures.h"
+#include "decode/ModelTextures.h"
 #include "sceneText.h"
 #include "shadingText.h"
 #include "textureScene.h"
@@ -20,9 +20,9 @@ using testing::ElementsAre;
 class MaterialExport : public testing::Test {
 protected:
     // The elements of an array of the body, which must say how many they are.
-    const std::vector<FileElement>& elements(const char* array) {
+    const std::vector<decode::FileElement>& elements(const char* array) {
         model = session.model();
-        const FileElement* const found = model.root.find("body")->find(array);
+        const decode::FileElement* const found = model.root.find("body")->find(array);
         if (found == nullptr) {
             return none;
         }
@@ -31,14 +31,14 @@ protected:
     }
     std::vector<std::string> names(const char* array) {
         std::vector<std::string> result;
-        for (const FileElement& element : elements(array)) {
+        for (const decode::FileElement& element : elements(array)) {
             EXPECT_EQ(static_cast<std::size_t>(element.integer("index")), result.size());
             result.push_back(element.value("name"));
         }
         return result;
     }
-    const FileElement& material(const std::string& name) {
-        for (const FileElement& element : elements("material_array")) {
+    const decode::FileElement& material(const std::string& name) {
+        for (const decode::FileElement& element : elements("material_array")) {
             if (element.value("name") == name) {
                 return element;
             }
@@ -53,9 +53,9 @@ protected:
     }
 
     ExportSession session;
-    ModelFile model;
-    const std::vector<FileElement> none;
-    const FileElement nothing;
+    decode::ModelFile model;
+    const std::vector<decode::FileElement> none;
+    const decode::FileElement nothing;
 };
 
 std::string number(const std::string& name, int value) {
@@ -132,13 +132,13 @@ TEST_F(MaterialExport, ImagesPalettesAndMaterialsReferToEachOther) {
     ASSERT_TRUE(session.exportAll());
     EXPECT_THAT(names("tex_image_array"), ElementsAre("y", "z"));
     EXPECT_THAT(names("tex_palette_array"), ElementsAre("y", "z"));
-    readModelTextures(session.model().root);
+    decode::readModelTextures(session.model().root);
     EXPECT_EQ(material("a").value("tex_image_idx"), "1");
     EXPECT_EQ(material("a").value("tex_palette_idx"), "1");
     EXPECT_EQ(material("b").value("tex_image_idx"), "0");
     EXPECT_EQ(material("c").value("tex_image_idx"), "-1");
     std::vector<std::string> sections;
-    for (const FileElement& element : model.root.find("body")->children) {
+    for (const decode::FileElement& element : model.root.find("body")->children) {
         if (element.name.find("_array") != std::string::npos) {
             sections.push_back(element.name);
         }

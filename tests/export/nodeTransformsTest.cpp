@@ -29,7 +29,7 @@ void expectNear(const Imath::V3d& actual, const Imath::V3d& expected, double tol
 
 class Transforms : public testing::Test {
 protected:
-    ModelFile exportScene(const std::string& statements, const std::string& options = "") {
+    decode::ModelFile exportScene(const std::string& statements, const std::string& options = "") {
         session.open(statements);
         EXPECT_TRUE(session.exportAll(options));
         return session.model();
@@ -37,8 +37,8 @@ protected:
 
     // Every node of the file stands where the host has it.
     void expectHostsWorld(const std::string& statements, double tolerance = 1e-3, double magnify = 1.0) {
-        const ModelFile model = exportScene(statements, "magnify=" + std::to_string(magnify));
-        for (const ModelNode& node : model.nodes) {
+        const decode::ModelFile model = exportScene(statements, "magnify=" + std::to_string(magnify));
+        for (const decode::ModelNode& node : model.nodes) {
             if (node.name != "world_root") {
                 EXPECT_LT(distance(node.world, session.expectedWorld(node.name, magnify)), tolerance) << node.name;
             }
@@ -73,7 +73,7 @@ TEST_F(Transforms, OnlyShearThatCanBeSeenIsReported) {
 }
 
 TEST_F(Transforms, ShearIsLeftOut) {
-    const ModelFile model =
+    const decode::ModelFile model =
         exportScene(nodeText("transform", "a", "", set3("sh", 0.5, 0.25, 0) + " " + scales(2, 3, 4) + moves(1, 2, 3)));
     EXPECT_EQ(model.node("a").scale, Imath::V3d(2, 3, 4));
     EXPECT_EQ(model.node("a").translate, Imath::V3d(1, 2, 3));
@@ -83,7 +83,7 @@ TEST_F(Transforms, ShearIsLeftOut) {
 // --- channels
 
 TEST_F(Transforms, PlainChannelsAreWrittenAsTheyAre) {
-    const ModelFile model =
+    const decode::ModelFile model =
         exportScene(nodeText("transform", "a", "", moves(1, -2, 3.5) + rotates(10, 120, -30) + scales(1, 0.5, -2)) +
                     nodeText("joint", "b", "a", moves(4, 5, 6) + rotates(0, 91, 0)));
     EXPECT_EQ(model.node("a").translate, Imath::V3d(1, -2, 3.5));
@@ -103,18 +103,19 @@ TEST_F(Transforms, AnglesAreBroughtWithinAHalfTurn) {
     const std::pair<double, double> cases[] = {{0, 0},   {180, 180},  {-180, -180}, {190, -170}, {-190, 170},
                                                {360, 0}, {540, -180}, {720, 0},     {-1000, 80}, {359, -1}};
     for (const auto& [typed, written] : cases) {
-        const ModelFile model = exportScene(nodeText("transform", "a", "", rotates(typed, 0, 0)));
+        const decode::ModelFile model = exportScene(nodeText("transform", "a", "", rotates(typed, 0, 0)));
         EXPECT_NEAR(model.node("a").rotate.x, written, kStep) << typed;
     }
 }
 
 TEST_F(Transforms, LengthsAreCentimetres) {
-    const ModelFile model = exportScene("currentUnit -l meter;\n" + nodeText("transform", "a", "", moves(1, 2, 3)));
+    const decode::ModelFile model =
+        exportScene("currentUnit -l meter;\n" + nodeText("transform", "a", "", moves(1, 2, 3)));
     EXPECT_EQ(model.node("a").translate, Imath::V3d(100, 200, 300));
 }
 
 TEST_F(Transforms, MagnifyActsOnTranslationsAlone) {
-    const ModelFile model = exportScene(
+    const decode::ModelFile model = exportScene(
         nodeText("transform", "a", "", moves(1, 2, 3) + rotates(10, 20, 30) + scales(2, 2, 2)), "magnify=2.5");
     EXPECT_EQ(model.node("a").translate, Imath::V3d(2.5, 5, 7.5));
     EXPECT_EQ(model.node("a").rotate, Imath::V3d(10, 20, 30));
@@ -127,7 +128,7 @@ TEST_F(Transforms, MagnifyActsOnTranslationsAlone) {
 TEST_F(Transforms, Hinge) {
     const std::string scene = nodeText("transform", "a", "", moves(2, 0, 0) + rotates(0, 0, 90) + pivots(1, 0, 0)) +
                               meshText("aShape", "a") + inDefaultGroup("aShape");
-    const ModelFile model = exportScene(scene);
+    const decode::ModelFile model = exportScene(scene);
     EXPECT_EQ(model.node("a").translate, Imath::V3d(3, 0, 0));
     expectNear((Imath::V3d(2, 0, 0) - Imath::V3d(1, 0, 0)) * model.node("a").world, {3, 1, 0});
     expectHostsWorld(scene);
@@ -138,7 +139,7 @@ TEST_F(Transforms, SplitPivots) {
         return nodeText("transform", "a", "", scales(2, 2, 2) + set3("sp", 0, 2, 0) + " " + turn) +
                nodeText("transform", "b", "a", moves(0, 3, 0));
     };
-    const ModelFile model = exportScene(scene(""));
+    const decode::ModelFile model = exportScene(scene(""));
     EXPECT_EQ(model.node("a").translate, Imath::V3d(0, 2, 0));
     EXPECT_EQ(model.node("b").translate, Imath::V3d(0, 1, 0));
     expectNear(Imath::V3d(0, 0, 0) * model.node("b").world, {0, 4, 0});
@@ -178,8 +179,8 @@ TEST_F(Transforms, EveryRotateOrder) {
 
 // zyx by (0, 0, 150) is the same about one axis; the triple near the one that was typed is taken.
 TEST_F(Transforms, AnotherOrderKeepsTheTypedAnglesWhereTheyMeanTheSame) {
-    const ModelFile model = exportScene(nodeText("transform", "a", "", order(5) + rotates(0, 0, 150)) +
-                                        nodeText("transform", "b", "a", order(3) + rotates(0, 120, 0)));
+    const decode::ModelFile model = exportScene(nodeText("transform", "a", "", order(5) + rotates(0, 0, 150)) +
+                                                nodeText("transform", "b", "a", order(3) + rotates(0, 120, 0)));
     expectNear(model.node("a").rotate, {0, 0, 150});
     expectNear(model.node("b").rotate, {0, 120, 0});
 }
@@ -197,7 +198,7 @@ TEST_F(Transforms, AJointUndoesTheScaleOfItsParentJoint) {
                               nodeText("joint", "c", "b", moves(1, 0, 0) + rotates(0, 45, 0)) + compensated("a", "b") +
                               compensated("b", "c");
     expectHostsWorld(scene);
-    const ModelFile model = session.model();
+    const decode::ModelFile model = session.model();
     EXPECT_EQ(model.info->value("scaling_rule"), "maya");
     EXPECT_EQ(model.node("a").scaleCompensate, false);
     EXPECT_EQ(model.node("b").scaleCompensate, true);
@@ -214,32 +215,33 @@ TEST_F(Transforms, AJointThatIsToldNotToDoesNot) {
 }
 
 TEST_F(Transforms, AJointBelowATransformNeverDoes) {
-    const ModelFile model = exportScene(nodeText("transform", "a", "", scales(2, 3, 4)) +
-                                        nodeText("joint", "b", "a", "setAttr \".ssc\" yes;") +
-                                        nodeText("transform", "c", "b") + nodeText("joint", "d", "c"));
+    const decode::ModelFile model = exportScene(nodeText("transform", "a", "", scales(2, 3, 4)) +
+                                                nodeText("joint", "b", "a", "setAttr \".ssc\" yes;") +
+                                                nodeText("transform", "c", "b") + nodeText("joint", "d", "c"));
     EXPECT_EQ(model.info->value("scaling_rule"), "standard");
     EXPECT_EQ(model.node("b").scaleCompensate, std::nullopt);
 }
 
 TEST_F(Transforms, ATransformBelowAJointNeverDoes) {
-    const ModelFile model = exportScene(nodeText("joint", "a", "", scales(2, 3, 4)) + nodeText("transform", "b", "a") +
-                                        nodeText("joint", "c", "a"));
+    const decode::ModelFile model = exportScene(nodeText("joint", "a", "", scales(2, 3, 4)) +
+                                                nodeText("transform", "b", "a") + nodeText("joint", "c", "a"));
     EXPECT_EQ(model.node("b").scaleCompensate, false);
     EXPECT_EQ(model.node("c").scaleCompensate, true);
 }
 
 TEST_F(Transforms, AJointThatCarriesAMeshIsAJointToItsChildren) {
-    const ModelFile model = exportScene(nodeText("joint", "a", "", scales(2, 2, 2)) + meshText("m", "a") +
-                                        inDefaultGroup("m") + nodeText("joint", "b", "a") + compensated("a", "b"));
+    const decode::ModelFile model =
+        exportScene(nodeText("joint", "a", "", scales(2, 2, 2)) + meshText("m", "a") + inDefaultGroup("m") +
+                    nodeText("joint", "b", "a") + compensated("a", "b"));
     EXPECT_EQ(model.node("a").kind, "mesh");
     EXPECT_EQ(model.node("b").scaleCompensate, true);
 }
 
 TEST_F(Transforms, AParentScaleOfZeroCountsAsOneWhenItIsUndone) {
-    const ModelFile model =
+    const decode::ModelFile model =
         exportScene(nodeText("joint", "a", "", scales(0, 2, 1)) + nodeText("joint", "b", "a", moves(1, 1, 1)) +
                     nodeText("joint", "c", "b", moves(1, 1, 1)) + compensated("a", "b") + compensated("b", "c"));
-    for (const ModelNode& node : model.nodes) {
+    for (const decode::ModelNode& node : model.nodes) {
         for (int r = 0; r < 4; ++r) {
             for (int c = 0; c < 4; ++c) {
                 EXPECT_TRUE(std::isfinite(node.world[r][c]));
@@ -299,7 +301,7 @@ TEST_F(Transforms, ACompensatedJointMayStandApart) {
 // --- numbers that no scene should have
 
 TEST_F(Transforms, ScalesOfZeroStayZero) {
-    const ModelFile model =
+    const decode::ModelFile model =
         exportScene(nodeText("transform", "a", "", scales(0, 0, 0) + rotates(10, 20, 30)) +
                     nodeText("transform", "b", "a", "setAttr \".it\" no; " + scales(0, 1, 1) + moves(1, 2, 3)) +
                     nodeText("joint", "c", "a", order(4) + scales(0, 0, 1) + rotates(10, 20, 30)));
@@ -332,7 +334,7 @@ TEST_F(Transforms, NotANumberBecomesZero) {
                  nodeText("transform", "b", "a", "setAttr \".r\" -type \"double3\" nan 20 0 ;") +
                  nodeText("joint", "c", "b", order(1) + "setAttr \".s\" -type \"double3\" 1 nan 1 ;"));
     EXPECT_TRUE(session.exportAll());
-    const ModelFile model = session.model();
+    const decode::ModelFile model = session.model();
     EXPECT_EQ(model.node("a").translate.x, 0.0);
     EXPECT_EQ(model.node("a").translate.y, 1.0);
     EXPECT_EQ(model.node("b").rotate, Imath::V3d(0, 20, 0));

@@ -33,7 +33,7 @@ TEST_F(PlacedMeshes, OfATurningHingeDoNotMoveTheirNode) {
     const std::string hinge = set3("t", 2, 0, 0) + set3("rp", 1, 0, 0) + set3("sp", 1, 0, 0);
     exportScene(meshNode("door", box({1, 0, 0}, {2, 1, 1}), hinge) + keyed("door.rz", "1 0 7 90") + playback(1, 7),
                 "ica_file_out=1");
-    const AnimationFile animation = readAnimationFile(session.fileText("model.ica"));
+    const decode::AnimationFile animation = decode::readAnimationFile(session.fileText("model.ica"));
     for (const char* const channel : {"translate_x", "translate_y", "translate_z"}) {
         EXPECT_EQ(animation.thing(0).channel(channel).dataSize, 1) << channel;
     }
@@ -80,7 +80,7 @@ TEST_F(PlacedMeshes, OfAMirroredGroupWindAndFaceTheSameWay) {
     for (const char* name : {"armShape", "twinShape"}) {
         const double side = name == std::string("armShape") ? -1.0 : 1.0;
         const Imath::V3d middle(side * 0.5, 0.25, 0.25);
-        for (const DrawnFace& face : model.polygon(name).faces) {
+        for (const decode::DrawnFace& face : model.polygon(name).faces) {
             const Imath::V3d normal = vectorArea(outlineOf(face));
             EXPECT_GT(normal.dot(face[0].world - middle), 0.0) << name;
             EXPECT_GT(normal.normalized().dot(*face[0].worldNormal), 0.99) << name;
@@ -104,8 +104,8 @@ TEST_F(PlacedMeshes, OfAScaledNodeKeepNormalsOfUnitLength) {
     mesh.hard = false;
     for (const char* options : {"optimize_node=0", "optimize_node=3"}) {
         exportScene(meshNode("ball", mesh, set3("s", 3, 1, 1)), options);
-        for (const DrawnFace& face : model.polygon("ballShape").faces) {
-            for (const DrawnVertex& vertex : face) {
+        for (const decode::DrawnFace& face : model.polygon("ballShape").faces) {
+            for (const decode::DrawnVertex& vertex : face) {
                 EXPECT_NEAR(vertex.normal->length(), 1.0, 1.0 / 256) << options;
             }
         }
@@ -148,7 +148,7 @@ INSTANTIATE_TEST_SUITE_P(Ends, CoordinateScale,
 TEST_F(PlacedMeshes, HaveABoxTestWithAScaleOfItsOwn) {
     exportScene(meshNode("a", box({-6, 0, 0}, {6, 1, 1})));
     EXPECT_EQ(model.positionScale, 0);
-    const FileElement& written = part("box_test");
+    const decode::FileElement& written = part("box_test");
     EXPECT_EQ(written.integer("pos_scale"), 1); // 12 wide
     EXPECT_EQ(written.reals("xyz"), (std::vector<double>{-3, 0, 0}));
     EXPECT_EQ(written.reals("whd"), (std::vector<double>{6, 0.5, 0.5}));

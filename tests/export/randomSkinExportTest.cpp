@@ -115,7 +115,7 @@ TEST_P(RandomSkins, AreBoundAndMoveAsInTheHost) {
     exportScene(deformedNode("body", mesh, set3("s", mirror, 1, 1) + set3("t", bound[3][0], 1, 0)) + joints +
                     skinText(skin) + playback(1, 7),
                 "ica_file_out=1;anime_tol_t=0.001;anime_tol_r=0.01;anime_tol_s=0.001;optimize_node=" + mode);
-    for (const DrawnPolygon& polygon : model.polygons) {
+    for (const decode::DrawnPolygon& polygon : model.polygons) {
         for (const std::vector<int>& list : polygon.matrixLists) {
             EXPECT_LE(list.size(), 31U);
         }
@@ -127,7 +127,7 @@ TEST_P(RandomSkins, AreBoundAndMoveAsInTheHost) {
 
     tolerance.normal = 3.0; // the host turns blended normals by a rule of its own
     tolerance.position *= 3;
-    const AnimationFile animation = readAnimationFile(session.fileText("model.ica"));
+    const decode::AnimationFile animation = decode::readAnimationFile(session.fileText("model.ica"));
     for (int frame = 0; frame < animation.frameCount; ++frame) {
         play(animation, frame);
         SCOPED_TRACE("mode " + mode + ", frame " + std::to_string(frame));

@@ -1,7 +1,7 @@
 // The samples' textures, from the exported model back to the pictures that were painted.
 
 #include "ExportSession.h"
-#include "ModelTextures.h"
+#include "decode/ModelTextures.h"
 #include "shownPictures.h"
 
 #include "sampleTextures/paintSurfaces.h"
@@ -48,16 +48,16 @@ std::map<std::string, PaintedTexture> paintedTextures() {
     };
 }
 
-ModelTextures exportedSample() {
+decode::ModelTextures exportedSample() {
     ExportSession session;
     session.mel("workspace -o \"" TVK_SOURCE_DIR "/samples\"; file -f -o \"" TVK_SOURCE_DIR "/samples/materials.ma\"");
     EXPECT_TRUE(session.exportAll()) << session.takeMessages();
-    return readModelTextures(readIntermediateFile(session.fileText("model.imd")));
+    return decode::readModelTextures(decode::readIntermediateFile(session.fileText("model.imd")));
 }
 
 TEST(SampleTextures, ShowWhatWasPainted) {
     const std::map<std::string, PaintedTexture> painted = paintedTextures();
-    const ModelTextures textures = exportedSample();
+    const decode::ModelTextures textures = exportedSample();
     EXPECT_EQ(textures.images.size(), painted.size());
     for (const auto& [name, texture] : painted) {
         expectShows(textures.image(name), converted(texture.picture), texture.exactColors);
@@ -65,7 +65,7 @@ TEST(SampleTextures, ShowWhatWasPainted) {
 }
 
 TEST(SampleTextures, InBlocksAreBetterThanPlainBlocks) {
-    const ModelTextures textures = exportedSample();
+    const decode::ModelTextures textures = exportedSample();
     for (const auto& [name, texture] : paintedTextures()) {
         if (texture.exactColors > 0) {
             const Picture picture = converted(texture.picture);
@@ -76,7 +76,7 @@ TEST(SampleTextures, InBlocksAreBetterThanPlainBlocks) {
 }
 
 TEST(SampleTextures, OfTheTwoLampsShareTheirPalette) {
-    const ModelTextures textures = exportedSample();
+    const decode::ModelTextures textures = exportedSample();
     EXPECT_EQ(textures.image("lamp_off").paletteName, "lamps");
     EXPECT_EQ(textures.image("lamp_on").paletteName, "lamps");
 }

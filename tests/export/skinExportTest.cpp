@@ -29,7 +29,7 @@ protected:
 
     // Model and animation together, frame by frame.
     void expectMovesAs(const std::vector<std::string>& shapes, const FaceTolerance& tolerance) {
-        const AnimationFile animation = readAnimationFile(session.fileText("model.ica"));
+        const decode::AnimationFile animation = decode::readAnimationFile(session.fileText("model.ica"));
         for (int frame = 0; frame < animation.frameCount; ++frame) {
             play(animation, frame);
             std::vector<SceneFace> faces;
@@ -124,8 +124,8 @@ TEST_F(SkinExport, OfACharacterMovedAfterBindingIsBoundAroundTheOriginAndFollows
     EXPECT_THAT(session.takeMessages(), Not(HasSubstr("Bind pose is not found")));
     EXPECT_EQ(file.node("bone0").translate, Imath::V3d(0.0));
     EXPECT_EQ(file.node("bone1").rotate, Imath::V3d(0.0));
-    for (const DrawnFace& face : model.allFaces()) {
-        for (const DrawnVertex& vertex : face) {
+    for (const decode::DrawnFace& face : model.allFaces()) {
+        for (const decode::DrawnVertex& vertex : face) {
             EXPECT_LT(vertex.world.length(), 4.2);
         }
     }
@@ -164,7 +164,7 @@ std::string skinnedSquares(const std::vector<WeightRow>& rows) {
 
 TEST_F(SkinExport, OfThirdsIsWrittenAsThreeTimes33) {
     exportScene(skinnedSquares(std::vector<WeightRow>(4, {0.333, 0.333, 0.334})));
-    EXPECT_EQ(readNumbers(part("envelope").find("weight")->text), (std::vector<double>{33, 33, 33}));
+    EXPECT_EQ(decode::readNumbers(part("envelope").find("weight")->text), (std::vector<double>{33, 33, 33}));
     ASSERT_EQ(part("matrix_array").children.size(), 1U);
     EXPECT_EQ(part("matrix_array").children[0].integer("mtx_weight"), 3);
     expectDrawn(file, model, sceneFaces(session.path("bodyShapeOrig")), {2.0 / 4096, 0.01, false});
@@ -173,7 +173,7 @@ TEST_F(SkinExport, OfThirdsIsWrittenAsThreeTimes33) {
 TEST_F(SkinExport, OfAWeightThatRoundsToNothingHasOneInfluence) {
     exportScene(skinnedSquares(std::vector<WeightRow>(4, {0.004, 0.996})));
     ASSERT_EQ(part("matrix_array").children.size(), 1U);
-    const FileElement& matrix = part("matrix_array").children[0];
+    const decode::FileElement& matrix = part("matrix_array").children[0];
     EXPECT_EQ(matrix.integer("mtx_weight"), 1);
     EXPECT_EQ(matrix.integer("node_idx"), file.node("bone1").index);
     EXPECT_EQ(file.root.find("body")->find("envelope"), nullptr);
@@ -188,7 +188,7 @@ TEST_F(SkinExport, OfWeightsThatDoNotAddUpIsRefusedAndTheSkinWorksOn) {
 
 TEST_F(SkinExport, OfEqualInfluencesSharesOneMatrixAndOneRun) {
     exportScene(skinnedSquares({{0.7, 0.3}, {0.25, 0.75}, {0.7, 0.3}, {0.25, 0.75}}));
-    EXPECT_EQ(readNumbers(part("envelope").find("weight")->text), (std::vector<double>{70, 30, 25, 75}));
+    EXPECT_EQ(decode::readNumbers(part("envelope").find("weight")->text), (std::vector<double>{70, 30, 25, 75}));
     EXPECT_EQ(part("matrix_array").integer("size"), 2);
 }
 
@@ -247,9 +247,9 @@ std::string rigidRow(int bones) {
 }
 
 // The first command of each group but the first chooses a matrix: loading slots has changed the console's own.
-void expectMatrixFirst(const FileElement& polygon) {
+void expectMatrixFirst(const decode::FileElement& polygon) {
     for (std::size_t group = 1; group < polygon.children.size(); ++group) {
-        const FileElement& primitives = *polygon.children[group].find("primitive_array");
+        const decode::FileElement& primitives = *polygon.children[group].find("primitive_array");
         ASSERT_FALSE(primitives.children.empty());
         EXPECT_EQ(primitives.children.front().children.front().name, "mtx") << "group " << group;
     }
@@ -260,7 +260,7 @@ TEST_F(SkinExport, Of33RigidBonesWarnsAndSplitsIntoGroups) {
     EXPECT_THAT(session.takeMessages(),
                 AllOf(HasSubstr("Warning: The number of matrix for displaying this model over 31: 33\n"),
                       HasSubstr("Warning: Mtx_prim_size of <polygon> is over 1: bodyShape\n")));
-    const DrawnPolygon& polygon = model.polygon("bodyShape");
+    const decode::DrawnPolygon& polygon = model.polygon("bodyShape");
     EXPECT_THAT(session.progress, testing::Contains("Optimizing Matrix Loading : 1/1 : bodyShape (33 polygons)"));
     ASSERT_EQ(polygon.matrixLists.size(), 2U);
     EXPECT_EQ(polygon.matricesLoaded, 33);
@@ -306,7 +306,7 @@ TEST_F(SkinExport, OfARingOf32BonesLoadsEachOnce) {
     }
     mesh.hard = false;
     exportScene(deformedNode("body", mesh) + joints + skinText(skin));
-    const DrawnPolygon& polygon = model.polygon("bodyShape");
+    const decode::DrawnPolygon& polygon = model.polygon("bodyShape");
     EXPECT_EQ(polygon.matrixLists.size(), 2U);
     EXPECT_EQ(polygon.matricesLoaded, kBones); // no matrix is loaded twice
     expectMatrixFirst(part("polygon_array").children[0]);
@@ -321,7 +321,7 @@ TEST_F(SkinExport, OfAMirroredMeshWindsOutwards) {
     skin.attributes = "setAttr \".gm\" -type \"matrix\" -1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1;";
     exportScene(deformedNode("body", tube(3), set3("s", -1, 1, 1)) + chain(3, "") + skinText(skin));
     expectDrawn(file, model, facesOf("bodyShape"), {2.0 / 4096, 0.01, false});
-    for (const DrawnFace& face : model.allFaces()) {
+    for (const decode::DrawnFace& face : model.allFaces()) {
         const Imath::V3d outward(face[0].world.x, 0, face[0].world.z);
         EXPECT_GT(vectorArea(outlineOf(face)).dot(outward), 0.0);
         EXPECT_GT(face[0].worldNormal->dot(outward), 0.0);
@@ -338,7 +338,7 @@ TEST_F(SkinExport, OfAClusterGivesTheRestToTheMeshsOwnNode) {
                              "setAttr -s 4 \".wl[0].w[0:3]\" 1 1 0.4 0.4;") +
                 connectText("handle.wm", "soft.ma") + deformerSet("soft", "bodyShape", 0, "vtx[0:3]"));
     EXPECT_EQ(part("matrix_array").integer("size"), 2);
-    EXPECT_EQ(readNumbers(part("envelope").find("weight")->text).size(), 2U);
+    EXPECT_EQ(decode::readNumbers(part("envelope").find("weight")->text).size(), 2U);
     expectDrawnAs(facesOf("bodyShape"));
 }
 

@@ -1,7 +1,7 @@
 // Textures whose name asks for compression into blocks.
 
 #include "ExportSession.h"
-#include "ModelTextures.h"
+#include "decode/ModelTextures.h"
 #include "shownPictures.h"
 #include "textureScene.h"
 #include "writers/extensionWriter.h"
@@ -19,14 +19,14 @@ using testing::HasSubstr;
 
 class Tex4x4Export : public testing::Test, public ExportSession {
 protected:
-    ModelTextures exported(const std::string& name, const Picture& picture) {
+    decode::ModelTextures exported(const std::string& name, const Picture& picture) {
         writeImage(folder.path(name + ".tga"), picture);
         return exported(name);
     }
-    ModelTextures exported(const std::string& name) {
+    decode::ModelTextures exported(const std::string& name) {
         open(texturedText("file1", folder.path(name + ".tga")));
         EXPECT_TRUE(exportAll()) << takeMessages();
-        return readModelTextures(readIntermediateFile(fileText("model.imd")));
+        return decode::readModelTextures(decode::readIntermediateFile(fileText("model.imd")));
     }
 };
 
@@ -47,8 +47,8 @@ TEST_F(Tex4x4Export, OfTwoColorsABlockIsExactUnderCmp2) {
     fillBlock(picture, 0, {console(31, 0, 0), console(0, 0, 31)});
     fillBlock(picture, 1, {console(1, 2, 3)});
     fillBlock(picture, 2, {console(0, 31, 0), console(0, 30, 0)});
-    const ModelTextures textures = exported("x_cmp2", picture);
-    const ModelTexture& image = textures.image("x_cmp2");
+    const decode::ModelTextures textures = exported("x_cmp2", picture);
+    const decode::ModelTexture& image = textures.image("x_cmp2");
     EXPECT_EQ(image.format, "tex4x4");
     EXPECT_EQ(image.paletteName, "x_cmp2");
     expectShows(image, picture, 2);
@@ -58,7 +58,7 @@ TEST_F(Tex4x4Export, OfAGradientABlockTakesMode3UnderCmp2) {
     Picture picture(8, 8, console(0, 0, 0));
     // The steps that eighths of two colours give: 0, (5*0 + 3*8)/8, (3*0 + 5*8)/8, 8.
     fillBlock(picture, 0, {console(0, 0, 0), console(3, 3, 3), console(5, 5, 5), console(8, 8, 8)});
-    const ModelTextures textures = exported("x_cmp2", picture);
+    const decode::ModelTextures textures = exported("x_cmp2", picture);
     EXPECT_EQ(textures.image("x_cmp2").blockModes.at(0), 3);
     expectShows(textures.image("x_cmp2"), picture, 4);
 }
@@ -67,7 +67,7 @@ TEST_F(Tex4x4Export, WithHolesABlockTakesMode1UnderCmp2) {
     Picture picture(8, 8, console(0, 0, 0));
     fillBlock(picture, 0, {console(31, 0, 0), console(0, 0, 31)});
     picture.at(2, 1).a = 0;
-    const ModelTextures textures = exported("x_cmp2", picture);
+    const decode::ModelTextures textures = exported("x_cmp2", picture);
     EXPECT_EQ(textures.image("x_cmp2").blockModes.at(0), 1);
     EXPECT_EQ(textures.image("x_cmp2").at(2, 1).a, 0);
     expectShows(textures.image("x_cmp2"), picture, 2);
@@ -76,14 +76,14 @@ TEST_F(Tex4x4Export, WithHolesABlockTakesMode1UnderCmp2) {
 TEST_F(Tex4x4Export, OfFourColorsABlockIsExactInMode2UnderCmp4) {
     Picture picture(8, 8, console(9, 9, 9));
     fillBlock(picture, 0, {console(31, 0, 0), console(0, 31, 0), console(0, 0, 31), console(31, 31, 0)});
-    const ModelTextures textures = exported("y_cmp4", picture);
+    const decode::ModelTextures textures = exported("y_cmp4", picture);
     EXPECT_EQ(textures.image("y_cmp4").blockModes.at(0), 2);
     expectShows(textures.image("y_cmp4"), picture, 4);
 }
 
 TEST_F(Tex4x4Export, OfAFlatImageUsesOneEntry) {
     const Picture picture(64, 64, console(12, 4, 30));
-    const ModelTextures textures = exported("flat_cmp4", picture);
+    const decode::ModelTextures textures = exported("flat_cmp4", picture);
     EXPECT_THAT(textures.image("flat_cmp4").blockPlaces, Each(0));
     EXPECT_EQ(textures.palette("flat_cmp4").colors.size(), 8U);
     expectShows(textures.image("flat_cmp4"), picture, 1);
@@ -99,7 +99,7 @@ TEST_F(Tex4x4Export, ShowsASoftPictureNearlyAsWellAsFiveBitsCan) {
         }
     }
     for (const char* name : {"soft_cmp2", "soft_cmp4"}) {
-        const ModelTextures textures = exported(name, picture);
+        const decode::ModelTextures textures = exported(name, picture);
         expectShows(textures.image(name), picture, 2);
         const double quality = peakSignalToNoise(textures.image(name), picture);
         EXPECT_GE(quality, bestSignalToNoise(picture) - 3.0) << name;
@@ -112,14 +112,14 @@ TEST_F(Tex4x4Export, OfNoiseOf512By512StaysWithin32768Colors) {
     for (Rgba& pixel : picture.pixels) {
         pixel.a = 255;
     }
-    const ModelTextures textures = exported("noise_cmp2", picture);
+    const decode::ModelTextures textures = exported("noise_cmp2", picture);
     EXPECT_LE(textures.palette("noise_cmp2").colors.size(), 32768U);
     expectShows(textures.image("noise_cmp2"), picture);
     EXPECT_GE(peakSignalToNoise(textures.image("noise_cmp2"), picture), plainBlocksSignalToNoise(picture) + 1.0);
 }
 
 TEST_F(Tex4x4Export, OfCmp2AloneIsAutomatic) {
-    const ModelTextures textures = exported("_cmp2", Picture(8, 8, console(1, 1, 1)));
+    const decode::ModelTextures textures = exported("_cmp2", Picture(8, 8, console(1, 1, 1)));
     EXPECT_EQ(textures.image("_cmp2").format, "palette4");
 }
 
@@ -128,10 +128,10 @@ TEST_F(Tex4x4Export, GivesWayToAnExtensionBlock) {
                tgaWithBlock(8, 8,
                             joined({chunk("tvk_frmt", "palette4"), chunk("tvk_txel", std::vector<uint8_t>(16, 0xE4)),
                                     chunk("tvk_pnam", "own"), chunk("tvk_pcol", wordBytes({1, 2, 3, 4}))})));
-    const ModelTextures textures = exported("a_cmp4");
+    const decode::ModelTextures textures = exported("a_cmp4");
     EXPECT_EQ(textures.image("a_cmp4").format, "palette4");
     EXPECT_THAT(textures.palette("own").colors, ElementsAre(1, 2, 3, 4));
-    EXPECT_TRUE(textures.image("a_cmp4").at(2, 0) == (ShownTexel{3, 0, 0, 31}));
+    EXPECT_TRUE(textures.image("a_cmp4").at(2, 0) == (decode::ShownTexel{3, 0, 0, 31}));
 }
 
 TEST_F(Tex4x4Export, BeyondTheConsolesMemoryIsWrittenWithAWarning) {

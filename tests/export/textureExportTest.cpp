@@ -1,7 +1,7 @@
 // What artists texture, from the image files to what a reader of the model sees.
 
 #include "ExportSession.h"
-#include "ModelTextures.h"
+#include "decode/ModelTextures.h"
 #include "sceneText.h"
 #include "shownPictures.h"
 #include "textureScene.h"
@@ -27,22 +27,22 @@ protected:
     std::string textured(const std::string& fileNode, const std::string& image, const std::string& attributes = "") {
         return texturedText(fileNode, folder.path(image), attributes);
     }
-    ModelTextures exported(const std::string& options = "") {
+    decode::ModelTextures exported(const std::string& options = "") {
         EXPECT_TRUE(exportAll(options));
         messages = takeMessages();
-        file = readIntermediateFile(fileText("model.imd"));
-        return readModelTextures(file);
+        file = decode::readIntermediateFile(fileText("model.imd"));
+        return decode::readModelTextures(file);
     }
     void expectFailure(const std::string& message) {
         EXPECT_FALSE(exportAll());
         EXPECT_THAT(takeMessages(), HasSubstr(message));
         EXPECT_EQ(infos.back(), "---- No Output File ----");
     }
-    const FileElement& material(std::size_t index) const {
+    const decode::FileElement& material(std::size_t index) const {
         return file.find("body")->find("material_array")->children.at(index);
     }
 
-    FileElement file;
+    decode::FileElement file;
     std::string messages;
 };
 
@@ -116,7 +116,7 @@ TEST_F(TextureExport, SectionsStandInTheOrderOfTheFormat) {
     open(textured("file1", "a.tga"));
     exported();
     std::vector<std::string> sections;
-    for (const FileElement& section : file.find("body")->children) {
+    for (const decode::FileElement& section : file.find("body")->children) {
         if (section.name.rfind("tex_", 0) == 0 || section.name == "material_array" || section.name == "node_array") {
             sections.push_back(section.name);
         }
@@ -132,7 +132,7 @@ TEST_F(TextureExport, Of100By64IsPaddedWithItsEdge) {
     }
     make("a.tga", opaque);
     open(textured("file1", "a.tga", "setAttr \".wu\" no;\n\tsetAttr \".wv\" no;"));
-    const ModelTextures textures = exported();
+    const decode::ModelTextures textures = exported();
     expectShows(textures.image("a"), opaque);
     EXPECT_EQ(textures.image("a").width, 128);
     EXPECT_EQ(material(0).value("tex_tiling"), "clamp clamp");
@@ -147,8 +147,8 @@ TEST_F(TextureExport, WithHolesHasTheMarkerFirstAndShowsThemClear) {
     }
     make("a.tga", picture);
     open(textured("file1", "a.tga"));
-    const ModelTextures textures = exported();
-    const ModelTexture& image = textures.image("a");
+    const decode::ModelTextures textures = exported();
+    const decode::ModelTexture& image = textures.image("a");
     EXPECT_EQ(image.format, "palette4");
     EXPECT_EQ(image.color0Mode, "transparency");
     EXPECT_EQ(textures.palette("a").colors.at(0), 0xFFFF);
@@ -165,11 +165,11 @@ TEST_F(TextureExport, OfEightTranslucentColorsKeepsAFaintOneThatNoOtherPixelHas)
     picture.at(5, 3) = {8, 248, 128, 3};
     make("a.tga", picture);
     open(textured("file1", "a.tga"));
-    const ModelTextures textures = exported();
+    const decode::ModelTextures textures = exported();
     EXPECT_EQ(textures.image("a").format, "a5i3");
     EXPECT_EQ(textures.image("a").color0Mode, std::nullopt);
     expectShows(textures.image("a"), picture);
-    EXPECT_TRUE(textures.image("a").at(5, 3) == (ShownTexel{1, 31, 16, 0}));
+    EXPECT_TRUE(textures.image("a").at(5, 3) == (decode::ShownTexel{1, 31, 16, 0}));
 }
 
 TEST_F(TextureExport, Of32BitsWithoutAlphaBitsIsOpaque) {
@@ -181,7 +181,7 @@ TEST_F(TextureExport, Of32BitsWithoutAlphaBitsIsOpaque) {
     options.bits = 32;
     writeBytes(folder.path("a.tga"), writeTga(picture, options));
     open(textured("file1", "a.tga"));
-    const ModelTextures textures = exported();
+    const decode::ModelTextures textures = exported();
     EXPECT_EQ(textures.image("a").color0Mode, "color");
     expectShows(textures.image("a"), pictureOfColors(8, 8, 4));
 }
@@ -201,7 +201,7 @@ TEST_P(ExportedFormat, ShowsThePictureAgain) {
     }
     make("a.tga", picture);
     open(textured("file1", "a.tga"));
-    const ModelTextures textures = exported();
+    const decode::ModelTextures textures = exported();
     EXPECT_EQ(textures.image("a").format, GetParam().format);
     expectShows(textures.image("a"), picture);
     EXPECT_THAT(messages, Not(HasSubstr("exture ")));
@@ -223,7 +223,7 @@ INSTANTIATE_TEST_SUITE_P(TranslucentWithTooManyColors, ExportedFormat,
 
 // The judge of all tests above.
 TEST_F(TextureExport, ComparisonSeesASingleWrongPixel) {
-    static ModelTexture image;
+    static decode::ModelTexture image;
     static Picture other(0, 0);
     const Picture picture = pictureOfColors(16, 8, 20);
     make("a.tga", picture);
@@ -247,10 +247,10 @@ TEST_F(TextureExport, TakesTheTextureOfAnExtensionBlockAsItIs) {
     writeBytes(folder.path("a.tga"),
                tgaWithBlock(8, 8, joined({chunk("tvk_frmt", "direct"), chunk("tvk_txel", texels)})));
     open(textured("file1", "a.tga"));
-    const ModelTextures textures = exported();
+    const decode::ModelTextures textures = exported();
     EXPECT_EQ(textures.image("a").format, "direct");
-    EXPECT_TRUE(textures.image("a").at(0, 0) == (ShownTexel{0, 0, 0, 0}));
-    EXPECT_TRUE(textures.image("a").at(1, 0) == (ShownTexel{31, 0, 0, 31}));
+    EXPECT_TRUE(textures.image("a").at(0, 0) == (decode::ShownTexel{0, 0, 0, 0}));
+    EXPECT_TRUE(textures.image("a").at(1, 0) == (decode::ShownTexel{31, 0, 0, 31}));
 }
 
 TEST_F(TextureExport, SharesAnImageBetweenMaterialsAndReferencesByTiling) {
@@ -266,7 +266,7 @@ TEST_F(TextureExport, NumbersImagesAndPalettesByName) {
     make("a.tga", pictureOfColors(32, 16, 300));
     make("c.tga", pictureOfColors(8, 8, 3));
     open(textured("file1", "c.tga") + textured("file2", "b.tga") + textured("file3", "a.tga"));
-    const ModelTextures textures = exported();
+    const decode::ModelTextures textures = exported();
     EXPECT_EQ(textures.image("a").index, 0);
     EXPECT_EQ(textures.palette("c").index, 1);
     // Materials in the order of their names: that of file1 first.
@@ -280,7 +280,7 @@ TEST_F(TextureExport, LeavesUnusedTexturesOutUnlessAllAreAskedFor) {
     make("b.tga", Picture(8, 8));
     open(textured("file1", "b.tga") + fileTextureText("unused", folder.path("a.tga")));
     EXPECT_EQ(exported().images.size(), 1U);
-    const ModelTextures textures = exported("out_all_tex=1");
+    const decode::ModelTextures textures = exported("out_all_tex=1");
     EXPECT_EQ(textures.images.size(), 2U);
     EXPECT_EQ(material(0).value("tex_image_idx"), "1");
 }
@@ -311,8 +311,8 @@ TEST_F(TextureExport, WritesThePlacementOfTheTexture) {
 TEST_F(TextureExport, IsTheSameInAnySequenceOfRuns) {
     make("a.tga", makeRunPicture(64, 64));
     open(textured("file1", "a.tga"));
-    const ModelTextures first = exported();
-    const ModelTextures second = exported();
+    const decode::ModelTextures first = exported();
+    const decode::ModelTextures second = exported();
     ASSERT_EQ(first.images.size(), second.images.size());
     EXPECT_TRUE(first.images[0].texels == second.images[0].texels);
     EXPECT_EQ(first.palettes.size(), second.palettes.size());

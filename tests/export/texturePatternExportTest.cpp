@@ -1,7 +1,7 @@
 // Textures that flip through numbered images: what the model holds of them.
 
 #include "ExportSession.h"
-#include "ModelTextures.h"
+#include "decode/ModelTextures.h"
 #include "sceneText.h"
 #include "shownPictures.h"
 #include "textureScene.h"
@@ -38,7 +38,8 @@ protected:
         EXPECT_TRUE(exportAll());
         messages = takeMessages();
         std::vector<std::string> names;
-        for (const ModelTexture& image : readModelTextures(readIntermediateFile(fileText("model.imd"))).images) {
+        for (const decode::ModelTexture& image :
+             decode::readModelTextures(decode::readIntermediateFile(fileText("model.imd"))).images) {
             names.push_back(image.name);
         }
         return names;
@@ -52,7 +53,8 @@ TEST_F(PatternExport, HasTheImagesOfListAndKeysInTheModel) {
     open(textured(kList) + flippedText("file1", "1 1 5 5 9 10", 3));
     EXPECT_THAT(exportedNames(), ElementsAre("tex.1", "tex.10", "tex.2", "tex.3", "tex.5", "tex.7"));
     EXPECT_THAT(messages, Not(HasSubstr("exture")));
-    const ModelTextures textures = readModelTextures(readIntermediateFile(fileText("model.imd")));
+    const decode::ModelTextures textures =
+        decode::readModelTextures(decode::readIntermediateFile(fileText("model.imd")));
     for (const auto& [name, picture] : pictures) {
         expectShows(textures.image(name), picture);
     }

@@ -24,11 +24,11 @@ std::vector<SourceFile> readFolders(const std::vector<std::string>& folders) {
 }
 
 std::vector<SourceFile> readProduct() {
-    return readFolders({"src", "host"});
+    return readFolders({"src", "host", "decode"});
 }
 
 std::vector<SourceFile> readEverything() {
-    return readFolders({"src", "host", "tests", "fuzz", "bench", "tools"});
+    return readFolders({"src", "host", "decode", "tests", "fuzz", "bench", "tools"});
 }
 
 bool isFrom(const SourceFile& file, const std::string& folder) {

@@ -54,7 +54,7 @@ bool BatchSession::batchFile(const std::string& path) {
 }
 
 std::vector<std::string> BatchSession::nodesOf(const std::string& model) const {
-    return readModelFile(fileText(model)).names();
+    return decode::readModelFile(fileText(model)).names();
 }
 
 std::string BatchSession::announced(int number, const std::string& scene) const {

@@ -33,7 +33,7 @@ protected:
                session.folder.path(name) + "\"";
     }
 
-    ModelFile model(const std::string& name) { return readModelFile(session.fileText(name)); }
+    decode::ModelFile model(const std::string& name) { return decode::readModelFile(session.fileText(name)); }
 
     PluginSession session;
 };

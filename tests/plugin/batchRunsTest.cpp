@@ -120,7 +120,7 @@ TEST_F(BatchRuns, SettingsAreReadOnceForSeveralScenes) {
     };
     EXPECT_TRUE(session.batchFile(session.folder.path("list.z3be"))) << session.takeMessages();
     const auto shift = [&](const std::string& name) {
-        return readModelFile(session.fileText("out/" + name + ".imd")).node("a").translate.x;
+        return decode::readModelFile(session.fileText("out/" + name + ".imd")).node("a").translate.x;
     };
     EXPECT_EQ(shift("first"), 2.0);
     EXPECT_EQ(shift("second"), 2.0) << "read again without being named";

@@ -4,7 +4,7 @@
 #include "RecordedScene.h"
 
 #include "ExportSession.h"
-#include "ModelGeometry.h"
+#include "decode/ModelGeometry.h"
 #include "drawnFaces.h"
 
 #include <maya/MAnimControl.h>
@@ -161,16 +161,16 @@ protected:
     }
 
     // False when some node cannot be told by its name.
-    bool poseAsTheHost(const ModelFile& file, ModelGeometry& model) {
+    bool poseAsTheHost(const decode::ModelFile& file, decode::ModelGeometry& model) {
         std::vector<Imath::M44d> worlds;
-        for (const ModelNode& node : file.nodes) {
+        for (const decode::ModelNode& node : file.nodes) {
             const bool isRoot = node.name == "world_root";
             if (!isRoot && !session.melRuns("select -r " + node.name)) {
                 return false;
             }
             worlds.push_back(isRoot ? Imath::M44d() : session.expectedWorld(node.name));
         }
-        poseModel(file, worlds, model);
+        decode::poseModel(file, worlds, model);
         return true;
     }
 
@@ -186,8 +186,8 @@ TEST_P(RealFaces, AreDrawnOnceWhereTheHostHasThem) {
         EXPECT_TRUE(meshPaths().empty());
         return;
     }
-    const ModelFile file = session.model();
-    ModelGeometry model = readModelGeometry(file);
+    const decode::ModelFile file = session.model();
+    decode::ModelGeometry model = decode::readModelGeometry(file);
 
     session.mel("currentTime `playbackOptions -q -ast`");
     FaceTolerance tolerance;

@@ -1,9 +1,9 @@
 // Real scenes as they move: all six files of each, played beside what the host shows at every frame.
 
-#include "AnimationFile.h"
 #include "ExportSession.h"
-#include "PatternFile.h"
 #include "RecordedScene.h"
+#include "decode/AnimationFile.h"
+#include "decode/PatternFile.h"
 #include "motionChecks.h"
 
 #include <maya/MDagPath.h>
@@ -91,9 +91,9 @@ TEST_P(SceneMotions, ArePlayedAsInTheHost) {
         EXPECT_GE(compared, scene.nodes);
     }
     for (const char* const kind : {"ima", "ita"}) {
-        readAnimationFile(session.fileText(std::string("model.") + kind));
+        decode::readAnimationFile(session.fileText(std::string("model.") + kind));
     }
-    readPatternFile(session.fileText("model.itp"));
+    decode::readPatternFile(session.fileText("model.itp"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Corpus, SceneMotions, testing::Combine(testing::ValuesIn(kScenes), testing::ValuesIn(kWays)),
@@ -106,11 +106,11 @@ class SceneVisibility : public SceneAnimation, public testing::WithParamInterfac
 
 TEST_P(SceneVisibility, IsThatOfTheHost) {
     exportScene(GetParam().scene, std::string("iva_file_out=1") + GetParam().range);
-    const ModelFile model = session.model();
-    const VisibilityFile file = session.visibility();
+    const decode::ModelFile model = session.model();
+    const decode::VisibilityFile file = session.visibility();
     ASSERT_EQ(file.nodes.size(), model.nodes.size());
-    std::vector<const ModelNode*> known; // a mesh node is also hidden by its shape
-    for (const ModelNode& node : model.nodes) {
+    std::vector<const decode::ModelNode*> known; // a mesh node is also hidden by its shape
+    for (const decode::ModelNode& node : model.nodes) {
         if (node.name != "world_root" && node.kind != "mesh" && session.melRuns("select -r " + node.name)) {
             known.push_back(&node);
         }
@@ -118,7 +118,7 @@ TEST_P(SceneVisibility, IsThatOfTheHost) {
     const int start = file.info->integer("tool_start_frame");
     for (int frame = 0; frame < file.info->integer("frame_size"); ++frame) {
         session.mel("currentTime " + std::to_string(start + frame));
-        for (const ModelNode* const node : known) {
+        for (const decode::ModelNode* const node : known) {
             const auto index = static_cast<std::size_t>(node->index);
             EXPECT_EQ(file.nodes[index].frames[static_cast<std::size_t>(frame)] == 1, isVisible(node->name))
                 << node->name << " at frame " << start + frame;

@@ -68,9 +68,9 @@ TEST_P(SceneExport, GivesAModelWhoseWorldIsTheHosts) {
     ASSERT_TRUE(status) << session.takeMessages();
     EXPECT_EQ(session.currentTime(), opened);
 
-    const ModelFile model = session.model();
+    const decode::ModelFile model = session.model();
     session.mel("currentTime `playbackOptions -q -ast`");
-    for (const ModelNode& node : model.nodes) {
+    for (const decode::ModelNode& node : model.nodes) {
         if (node.name == "world_root" || !session.melRuns("select -r " + node.name)) {
             continue; // not in the scene, or one of several instances: those have tests of their own
         }

@@ -110,8 +110,8 @@ TEST(AttributeReaders, WhatAnArtistSetsIsWhatTheFileSays) {
         session.mel(std::string("setAttr a_shader.") + row.attribute + " " + std::to_string(row.value) + ";");
     }
     ASSERT_TRUE(session.exportAll());
-    const FileElement file = readIntermediateFile(session.fileText("model.imd"));
-    const FileElement& material = file.find("body")->find("material_array")->children.at(0);
+    const decode::FileElement file = decode::readIntermediateFile(session.fileText("model.imd"));
+    const decode::FileElement& material = file.find("body")->find("material_array")->children.at(0);
     for (const WrittenRow& row : kWritten) {
         EXPECT_EQ(material.value(row.line), row.word) << row.attribute;
     }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ModelFile.h"
 #include "TemporaryFolder.h"
-#include "VisibilityFile.h"
+#include "decode/ModelFile.h"
+#include "decode/VisibilityFile.h"
 
 #include <maya/MDagPath.h>
 #include <maya/MObject.h>
@@ -45,8 +45,8 @@ public:
     /// A written file; a test failure and "" when there is none.
     std::string fileText(const std::string& name) const;
     bool hasFile(const std::string& name) const;
-    ModelFile model() const { return readModelFile(fileText("model.imd")); }
-    VisibilityFile visibility() const { return readVisibilityFile(fileText("model.iva")); }
+    decode::ModelFile model() const { return decode::readModelFile(fileText("model.imd")); }
+    decode::VisibilityFile visibility() const { return decode::readVisibilityFile(fileText("model.iva")); }
 
     // The scene, through the API as a plug-in sees it.
     MDagPath path(const std::string& name) const;

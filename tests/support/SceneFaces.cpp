@@ -168,10 +168,10 @@ Imath::V3d vectorArea(const std::vector<Imath::V3d>& outline) {
     return sum;
 }
 
-std::vector<Imath::V3d> outlineOf(const DrawnFace& face) {
+std::vector<Imath::V3d> outlineOf(const decode::DrawnFace& face) {
     std::vector<Imath::V3d> outline;
     std::transform(face.begin(), face.end(), std::back_inserter(outline),
-                   [](const DrawnVertex& vertex) { return vertex.world; });
+                   [](const decode::DrawnVertex& vertex) { return vertex.world; });
     return outline;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ModelGeometry.h"
+#include "decode/ModelGeometry.h"
 
 #include <maya/MDagPath.h>
 
@@ -39,7 +39,7 @@ std::vector<SceneFace> operator+(std::vector<SceneFace> a, const std::vector<Sce
 
 /// The area that a face turns to each axis: its plane's normal times its area, however it is cut into triangles.
 Imath::V3d vectorArea(const std::vector<Imath::V3d>& outline);
-std::vector<Imath::V3d> outlineOf(const DrawnFace& face);
+std::vector<Imath::V3d> outlineOf(const decode::DrawnFace& face);
 std::vector<Imath::V3d> outlineOf(const SceneFace& face);
 
 } // namespace tvk

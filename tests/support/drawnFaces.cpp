@@ -61,17 +61,18 @@ struct DrawnMaterial {
     std::optional<Imath::V2d> textureSize; // of the picture's file
 };
 
-std::vector<DrawnMaterial> readMaterials(const ModelFile& file) {
+std::vector<DrawnMaterial> readMaterials(const decode::ModelFile& file) {
     std::vector<DrawnMaterial> materials;
-    const FileElement& body = *file.root.find("body");
-    const FileElement* const array = body.find("material_array");
+    const decode::FileElement& body = *file.root.find("body");
+    const decode::FileElement* const array = body.find("material_array");
     if (array == nullptr) {
         return materials;
     }
-    for (const FileElement& element : array->children) {
+    for (const decode::FileElement& element : array->children) {
         DrawnMaterial material{element.value("name"), {}};
         if (const int image = element.integer("tex_image_idx"); image >= 0) {
-            const FileElement& picture = body.find("tex_image_array")->children.at(static_cast<std::size_t>(image));
+            const decode::FileElement& picture =
+                body.find("tex_image_array")->children.at(static_cast<std::size_t>(image));
             material.textureSize = Imath::V2d(picture.integer("original_width"), picture.integer("original_height"));
         }
         materials.push_back(material);
@@ -79,9 +80,9 @@ std::vector<DrawnMaterial> readMaterials(const ModelFile& file) {
     return materials;
 }
 
-std::string shown(const DrawnFace& face) {
+std::string shown(const decode::DrawnFace& face) {
     std::ostringstream text;
-    for (const DrawnVertex& vertex : face) {
+    for (const decode::DrawnVertex& vertex : face) {
         text << "\n    at " << vertex.world;
         if (vertex.worldNormal) {
             text << " normal " << vertex.worldNormal->normalized();
@@ -98,14 +99,14 @@ std::string shown(const DrawnFace& face) {
 
 class Comparison {
 public:
-    Comparison(const ModelFile& file, const ModelGeometry& drawn, const std::vector<SceneFace>& sceneFaces,
-               const FaceTolerance& allowed)
+    Comparison(const decode::ModelFile& file, const decode::ModelGeometry& drawn,
+               const std::vector<SceneFace>& sceneFaces, const FaceTolerance& allowed)
         : model(drawn), faces(sceneFaces), tolerance(allowed), grid(sceneFaces, allowed.position * 1.001),
           materials(readMaterials(file)), triangles(sceneFaces.size(), 0), areas(sceneFaces.size(), Imath::V3d(0.0)) {}
 
     void run() {
-        for (const DrawnPolygon& polygon : model.polygons) {
-            for (const DrawnFace& face : polygon.faces) {
+        for (const decode::DrawnPolygon& polygon : model.polygons) {
+            for (const decode::DrawnFace& face : polygon.faces) {
                 give(polygon, face);
             }
         }
@@ -116,7 +117,7 @@ public:
     }
 
 private:
-    const DrawnMaterial& materialOf(const DrawnPolygon& polygon) const {
+    const DrawnMaterial& materialOf(const decode::DrawnPolygon& polygon) const {
         static const DrawnMaterial none;
         const auto index = static_cast<std::size_t>(polygon.material);
         return polygon.material >= 0 && index < materials.size() ? materials[index] : none;
@@ -129,9 +130,9 @@ private:
     }
 
     // Gives what is drawn to the face that it can be of and that is nearest.
-    void give(const DrawnPolygon& polygon, const DrawnFace& face) {
+    void give(const decode::DrawnPolygon& polygon, const decode::DrawnFace& face) {
         std::vector<std::vector<Place>> places;
-        for (const DrawnVertex& vertex : face) {
+        for (const decode::DrawnVertex& vertex : face) {
             places.push_back(grid.near(vertex.world, [&](const SceneCorner& corner) {
                 return (vertex.world - corner.position).length() <= tolerance.position &&
                        carries(polygon, vertex, corner);
@@ -155,22 +156,24 @@ private:
         areas[*best] += vectorArea(outlineOf(face));
     }
 
-    bool isOf(const DrawnPolygon& polygon, const SceneFace& face) const {
+    bool isOf(const decode::DrawnPolygon& polygon, const SceneFace& face) const {
         return !tolerance.compareMaterials || materialOf(polygon).name == face.shader;
     }
 
-    bool carries(const DrawnPolygon& polygon, const DrawnVertex& vertex, const SceneCorner& corner) const {
+    bool carries(const decode::DrawnPolygon& polygon, const decode::DrawnVertex& vertex,
+                 const SceneCorner& corner) const {
         return (!polygon.hasNormals || hasNormal(vertex, corner)) &&
                (!polygon.hasColors || vertex.color == corner.color.value_or(std::array<int, 3>{})) &&
                (!polygon.hasTexCoords || hasTexel(polygon, vertex, corner));
     }
 
-    bool hasNormal(const DrawnVertex& vertex, const SceneCorner& corner) const {
+    bool hasNormal(const decode::DrawnVertex& vertex, const SceneCorner& corner) const {
         return (vertex.worldNormal.value_or(Imath::V3d(0.0)).normalized() - corner.normal).length() <= tolerance.normal;
     }
 
     // Half a sixteenth of a texel, and what single precision has of a coordinate far out.
-    bool hasTexel(const DrawnPolygon& polygon, const DrawnVertex& vertex, const SceneCorner& corner) const {
+    bool hasTexel(const decode::DrawnPolygon& polygon, const decode::DrawnVertex& vertex,
+                  const SceneCorner& corner) const {
         const Imath::V2d size = materialOf(polygon).textureSize.value_or(Imath::V2d(0.0));
         const Imath::V2d uv = corner.uv.value_or(Imath::V2d(0.0));
         const Imath::V2d off = *vertex.texCoord - Imath::V2d(uv.x * size.x, size.y - uv.y * size.y);
@@ -178,7 +181,7 @@ private:
     }
 
     // How far the corners are from those of the face, taken in their order from one on; nothing when it has no such.
-    std::optional<double> errorAround(const DrawnFace& face, const std::vector<std::vector<Place>>& places,
+    std::optional<double> errorAround(const decode::DrawnFace& face, const std::vector<std::vector<Place>>& places,
                                       const Place& start) const {
         const std::size_t count = faces[start.face].corners.size();
         std::size_t last = 0;
@@ -217,7 +220,7 @@ private:
         }
     }
 
-    const ModelGeometry& model;
+    const decode::ModelGeometry& model;
     const std::vector<SceneFace>& faces;
     FaceTolerance tolerance;
     CornerGrid grid;
@@ -229,7 +232,7 @@ private:
 
 } // namespace
 
-void expectDrawn(const ModelFile& file, const ModelGeometry& model, const std::vector<SceneFace>& faces,
+void expectDrawn(const decode::ModelFile& file, const decode::ModelGeometry& model, const std::vector<SceneFace>& faces,
                  const FaceTolerance& tolerance) {
     Comparison(file, model, faces, tolerance).run();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ModelGeometry.h"
 #include "SceneFaces.h"
+#include "decode/ModelGeometry.h"
 
 #include <vector>
 
@@ -19,7 +19,7 @@ struct FaceTolerance {
 /// and quad has corners of one face, in their order round it, with their normals, texture coordinates and colours where
 /// the polygon has such, and the face's material; what is drawn of a face makes up its whole area. Faces thinner than
 /// the tolerance may be missing.
-void expectDrawn(const ModelFile& file, const ModelGeometry& model, const std::vector<SceneFace>& faces,
+void expectDrawn(const decode::ModelFile& file, const decode::ModelGeometry& model, const std::vector<SceneFace>& faces,
                  const FaceTolerance& tolerance = {});
 
 } // namespace tvk

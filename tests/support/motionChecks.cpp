@@ -1,6 +1,6 @@
 #include "motionChecks.h"
 
-#include "AnimationFile.h"
+#include "decode/AnimationFile.h"
 #include "sceneText.h"
 
 #include <gtest/gtest.h>
@@ -47,14 +47,14 @@ std::string keyed(const std::string& plug, const std::string& keys) {
 }
 
 int expectMovesAsInTheHost(HostSession& session, double tolerance, double magnify) {
-    const ModelFile model = session.model();
-    const AnimationFile nodes = readAnimationFile(session.fileText("model.ica"));
+    const decode::ModelFile model = session.model();
+    const decode::AnimationFile nodes = decode::readAnimationFile(session.fileText("model.ica"));
     if (nodes.info == nullptr || nodes.things.size() != model.nodes.size()) {
         ADD_FAILURE() << nodes.things.size() << " animated nodes of " << model.nodes.size();
         return 0;
     }
     std::vector<int> known; // nodes of the scene by their names
-    for (const ModelNode& node : model.nodes) {
+    for (const decode::ModelNode& node : model.nodes) {
         if (node.name != "world_root" && session.melRuns("select -r " + node.name)) {
             known.push_back(node.index);
         }
@@ -62,9 +62,9 @@ int expectMovesAsInTheHost(HostSession& session, double tolerance, double magnif
     const int start = nodes.info->integer("tool_start_frame");
     for (int frame = 0; frame < nodes.frameCount; ++frame) {
         session.mel("currentTime " + std::to_string(start + frame));
-        const std::vector<ModelNode> all = posed(model, nodes, static_cast<std::size_t>(frame));
+        const std::vector<decode::ModelNode> all = decode::posed(model, nodes, static_cast<std::size_t>(frame));
         for (const int index : known) {
-            const ModelNode& node = all[static_cast<std::size_t>(index)];
+            const decode::ModelNode& node = all[static_cast<std::size_t>(index)];
             const Imath::M44d expected = session.expectedWorld(node.name, magnify);
             EXPECT_LT(distance(node.world, expected), tolerance * reachOf(expected))
                 << node.name << " at frame " << start + frame;

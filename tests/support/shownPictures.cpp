@@ -20,24 +20,24 @@ const Rgba& sourceOf(const Picture& picture, int column, int row) {
                       std::min(static_cast<std::size_t>(row), picture.height - 1));
 }
 
-ShownTexel inFiveBits(const Rgba& pixel) {
+decode::ShownTexel inFiveBits(const Rgba& pixel) {
     return {pixel.r >> 3, pixel.g >> 3, pixel.b >> 3, pixel.a >> 3};
 }
 
-bool sameColor(const ShownTexel& x, const ShownTexel& y) {
+bool sameColor(const decode::ShownTexel& x, const decode::ShownTexel& y) {
     return x.r == y.r && x.g == y.g && x.b == y.b;
 }
 
-bool showsTranslucent(const ShownTexel& shown, const Rgba& pixel, int alphaBits) {
-    const ShownTexel expected = inFiveBits(pixel);
+bool showsTranslucent(const decode::ShownTexel& shown, const Rgba& pixel, int alphaBits) {
+    const decode::ShownTexel expected = inFiveBits(pixel);
     return sameColor(shown, expected) && shown.a >> (5 - alphaBits) == expected.a >> (5 - alphaBits);
 }
 
-bool showsHolesOnly(const ShownTexel& shown, const Rgba& pixel) {
+bool showsHolesOnly(const decode::ShownTexel& shown, const Rgba& pixel) {
     return (shown.a == 31) == (pixel.a >= kOpaque) && (shown.a == 31 || shown.a == 0);
 }
 
-bool showsExactly(const ShownTexel& shown, const Rgba& pixel) {
+bool showsExactly(const decode::ShownTexel& shown, const Rgba& pixel) {
     return showsHolesOnly(shown, pixel) && (shown.a == 0 || sameColor(shown, inFiveBits(pixel)));
 }
 
@@ -46,15 +46,15 @@ std::size_t colorsOfBlock(const Picture& picture, int column, int row) {
     for (int i = 0; i < 16; ++i) {
         const Rgba& pixel = sourceOf(picture, column / 4 * 4 + i % 4, row / 4 * 4 + i / 4);
         if (pixel.a >= kOpaque) {
-            const ShownTexel color = inFiveBits(pixel);
+            const decode::ShownTexel color = inFiveBits(pixel);
             colors.insert({color.r, color.g, color.b});
         }
     }
     return colors.size();
 }
 
-bool showsPixel(const ModelTexture& texture, const Picture& picture, int column, int row, int exactColors) {
-    const ShownTexel& shown = texture.at(column, row);
+bool showsPixel(const decode::ModelTexture& texture, const Picture& picture, int column, int row, int exactColors) {
+    const decode::ShownTexel& shown = texture.at(column, row);
     const Rgba& pixel = sourceOf(picture, column, row);
     if (texture.format == "a3i5") {
         return showsTranslucent(shown, pixel, 3);
@@ -84,27 +84,27 @@ double squared(int difference) {
     return static_cast<double>(difference) * difference;
 }
 
-double colorError(const ShownTexel& shown, const Rgba& pixel) {
+double colorError(const decode::ShownTexel& shown, const Rgba& pixel) {
     return squared(expanded(shown.r) - pixel.r) + squared(expanded(shown.g) - pixel.g) +
            squared(expanded(shown.b) - pixel.b);
 }
 
 // The colours of a block between the corners of the box around those of its opaque pixels.
-std::vector<ShownTexel> plainBlock(const Picture& picture, int column, int row) {
-    ShownTexel low{31, 31, 31};
-    ShownTexel high{0, 0, 0};
+std::vector<decode::ShownTexel> plainBlock(const Picture& picture, int column, int row) {
+    decode::ShownTexel low{31, 31, 31};
+    decode::ShownTexel high{0, 0, 0};
     bool hasHoles = false;
     for (int i = 0; i < 16; ++i) {
         const Rgba& pixel = sourceOf(picture, column / 4 * 4 + i % 4, row / 4 * 4 + i / 4);
         hasHoles = hasHoles || pixel.a < kOpaque;
         if (pixel.a >= kOpaque) {
-            const ShownTexel color = inFiveBits(pixel);
+            const decode::ShownTexel color = inFiveBits(pixel);
             low = {std::min(low.r, color.r), std::min(low.g, color.g), std::min(low.b, color.b)};
             high = {std::max(high.r, color.r), std::max(high.g, color.g), std::max(high.b, color.b)};
         }
     }
     const int last = hasHoles ? 2 : 3;
-    std::vector<ShownTexel> colors;
+    std::vector<decode::ShownTexel> colors;
     for (int i = 0; i <= last; ++i) {
         const auto mix = [&](int x, int y) { return (x * (last - i) + y * i) / last; };
         colors.push_back({mix(low.r, high.r), mix(low.g, high.g), mix(low.b, high.b)});
@@ -130,7 +130,7 @@ double signalToNoise(const Picture& picture, ShownAt shownAt) {
 
 } // namespace
 
-void expectShows(const ModelTexture& texture, const Picture& picture, int exactColors) {
+void expectShows(const decode::ModelTexture& texture, const Picture& picture, int exactColors) {
     EXPECT_EQ(texture.originalWidth, static_cast<int>(picture.width)) << texture.name;
     EXPECT_EQ(texture.originalHeight, static_cast<int>(picture.height)) << texture.name;
     ASSERT_EQ(texture.width, textureSide(picture.width)) << texture.name;
@@ -144,7 +144,7 @@ void expectShows(const ModelTexture& texture, const Picture& picture, int exactC
     }
 }
 
-double peakSignalToNoise(const ModelTexture& texture, const Picture& picture) {
+double peakSignalToNoise(const decode::ModelTexture& texture, const Picture& picture) {
     return signalToNoise(picture, [&](int column, int row) { return texture.at(column, row); });
 }
 
@@ -155,10 +155,11 @@ double bestSignalToNoise(const Picture& picture) {
 double plainBlocksSignalToNoise(const Picture& picture) {
     return signalToNoise(picture, [&](int column, int row) {
         const Rgba& pixel = sourceOf(picture, column, row);
-        const std::vector<ShownTexel> colors = plainBlock(picture, column, row);
-        return *std::min_element(colors.begin(), colors.end(), [&](const ShownTexel& x, const ShownTexel& y) {
-            return colorError(x, pixel) < colorError(y, pixel);
-        });
+        const std::vector<decode::ShownTexel> colors = plainBlock(picture, column, row);
+        return *std::min_element(colors.begin(), colors.end(),
+                                 [&](const decode::ShownTexel& x, const decode::ShownTexel& y) {
+                                     return colorError(x, pixel) < colorError(y, pixel);
+                                 });
     });
 }
 

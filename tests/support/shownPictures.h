@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ModelTextures.h"
+#include "decode/ModelTextures.h"
 
 #include "writers/Picture.h"
 
@@ -15,11 +15,11 @@ namespace tvk {
 ///                 the same for colours of pixels with an alpha of at least 128; all others must be clear, and only
 ///                 they
 ///   tex4x4        of a block with at most `exactColors` colours as the formats above; of others only what is clear
-void expectShows(const ModelTexture& texture, const Picture& picture, int exactColors = 0);
+void expectShows(const decode::ModelTexture& texture, const Picture& picture, int exactColors = 0);
 
 /// Peak signal to noise in decibels over R, G and B of the pixels that are not clear, a component c of five bits shown
 /// as c << 3 | c >> 2. Infinite when nothing differs.
-double peakSignalToNoise(const ModelTexture& texture, const Picture& picture);
+double peakSignalToNoise(const decode::ModelTexture& texture, const Picture& picture);
 
 /// The same when nothing but the lower three bits of a component is lost: the best that a format can do.
 double bestSignalToNoise(const Picture& picture);

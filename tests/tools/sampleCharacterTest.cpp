@@ -3,7 +3,7 @@
 #include "sampleCharacter/sampleCharacter.h"
 
 #include "ExportSession.h"
-#include "ModelGeometry.h"
+#include "decode/ModelGeometry.h"
 #include "drawnFaces.h"
 
 #include <gtest/gtest.h>
@@ -31,24 +31,24 @@ protected:
         ASSERT_TRUE(session.exportAll());
         EXPECT_EQ(session.takeMessages(), "");
         file = session.model();
-        model = readModelGeometry(file);
+        model = decode::readModelGeometry(file);
     }
 
     ExportSession session;
-    ModelFile file;
-    ModelGeometry model;
+    decode::ModelFile file;
+    decode::ModelGeometry model;
 };
 
 TEST_F(ExportedCharacter, IsWithinWhatTheConsoleHolds) {
-    const auto joints =
-        std::count_if(file.nodes.begin(), file.nodes.end(), [](const ModelNode& node) { return node.kind == "joint"; });
+    const auto joints = std::count_if(file.nodes.begin(), file.nodes.end(),
+                                      [](const decode::ModelNode& node) { return node.kind == "joint"; });
     EXPECT_GE(joints, 20);
     EXPECT_GE(model.allFaces().size(), 1000U);
     EXPECT_LE(model.matrices.size(), 31U);
     ASSERT_EQ(model.polygons.size(), 2U);
     EXPECT_NE(model.polygons[0].material, model.polygons[1].material);
     const bool blends = std::any_of(model.matrices.begin(), model.matrices.end(),
-                                    [](const DrawnMatrix& matrix) { return matrix.size() > 1; });
+                                    [](const decode::DrawnMatrix& matrix) { return matrix.size() > 1; });
     EXPECT_TRUE(blends);
 }
 
@@ -65,10 +65,10 @@ TEST_F(ExportedCharacter, WalksAsInTheScene) {
     for (const int frame : {1, 7, 13, 20}) {
         session.mel("currentTime " + std::to_string(frame));
         std::vector<Imath::M44d> worlds;
-        for (const ModelNode& node : file.nodes) {
+        for (const decode::ModelNode& node : file.nodes) {
             worlds.push_back(node.name == "world_root" ? Imath::M44d() : session.expectedWorld(node.name));
         }
-        poseModel(file, worlds, model);
+        decode::poseModel(file, worlds, model);
         SCOPED_TRACE(frame);
         expectDrawn(file, model, sceneFaces(session.path("bodyShape")), tolerance);
     }

@@ -3,7 +3,7 @@
 #include "sampleTextures/sampleTextures.h"
 
 #include "ExportSession.h"
-#include "ModelTextures.h"
+#include "decode/ModelTextures.h"
 #include "shownPictures.h"
 
 #include <gtest/gtest.h>
@@ -28,7 +28,8 @@ TEST_P(SampleExport, ShowsEveryPictureInItsFormat) {
     const std::string folder = std::string(TVK_SOURCE_DIR) + "/samples/";
     session.mel("workspace -o \"" + folder + "\"; file -f -o \"" + folder + GetParam() + ".ma\"");
     ASSERT_TRUE(session.exportAll());
-    const ModelTextures textures = readModelTextures(readIntermediateFile(session.fileText("model.imd")));
+    const decode::ModelTextures textures =
+        decode::readModelTextures(decode::readIntermediateFile(session.fileText("model.imd")));
     std::size_t shownHere = 0;
     for (const samples::SampleTexture& sample : samples::sampleTextures()) {
         if (sample.scene != GetParam()) {
@@ -36,7 +37,7 @@ TEST_P(SampleExport, ShowsEveryPictureInItsFormat) {
         }
         ++shownHere;
         const std::string fileName(sample.fileName);
-        const ModelTexture& image = textures.image(fileName.substr(0, fileName.rfind('.')));
+        const decode::ModelTexture& image = textures.image(fileName.substr(0, fileName.rfind('.')));
         const Picture picture = shown(sample.paint());
         EXPECT_EQ(image.format, sample.format) << fileName;
         EXPECT_EQ(image.path, folder + "sourceimages/" + fileName);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "IntermediateFile.h"
+#include "decode/IntermediateFile.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tvk {
+namespace decode {
 
 /// A texel as the console shows it: every component 0 to 31.
 struct ShownTexel {
@@ -47,16 +47,16 @@ struct ModelTextures {
     std::vector<ModelTexture> images;
     std::vector<ModelPalette> palettes;
 
-    /// The one of that name, or a test failure and an empty one.
+    /// The one of that name; throws a FileError when there is none.
     const ModelTexture& image(std::string_view name) const;
     const ModelPalette& palette(std::string_view name) const;
 };
 
-/// Reads them. Gives a test failure for everything that a reader could stumble over: sizes that are not the number of
-/// what follows, indices that are not positions, names out of order, a palette name without palette, texels that point
-/// behind their palette, lines that only other formats have, materials whose texture or palette index leads nowhere or
-/// to a palette that is not the image's.
+/// Reads them. Throws a FileError for everything that a reader could stumble over: sides that are no multiples of 4
+/// from 8 to 1024, sizes that are not the number of what follows, indices that are not positions, names out of order, a
+/// palette name without palette, texels that point behind their palette, lines that only other formats have, materials
+/// whose texture or palette index leads nowhere or to a palette that is not the image's.
 ///   root   of the file
 ModelTextures readModelTextures(const FileElement& root);
 
-} // namespace tvk
+} // namespace decode

@@ -1,14 +1,14 @@
-#include "AnimationFile.h"
+#include "decode/AnimationFile.h"
 
-#include "channelPlayback.h"
-
-#include <gtest/gtest.h>
+#include "decode/FileError.h"
+#include "decode/PlayedFrames.h"
+#include "decode/channelPlayback.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 
-namespace tvk {
+namespace decode {
 namespace {
 
 struct ChannelWord {
@@ -77,28 +77,31 @@ const std::array<FileKind, 3>& fileKinds() {
 
 class Reader {
 public:
-    Reader(AnimationFile& file, const FileElement& body, const FileKind& kind) : file_(file), body_(body), kind_(kind) {
+    Reader(AnimationFile& file, const FileElement& body, const FileKind& kind, PlayedFrames& played)
+        : file_(file), body_(body), kind_(kind), played_(played) {}
+
+    void read() {
         readRule();
-        for (const ChannelWord& channel : kind.channels) {
+        for (const ChannelWord& channel : kind_.channels) {
             readPool(channel.pool);
         }
-        const std::string arrayName = std::string(kind.thing) + "_array";
-        if (const FileElement* const array = body.find(arrayName)) {
-            EXPECT_EQ(array->integer("size"), static_cast<int>(array->children.size())) << arrayName;
-            std::for_each(array->children.begin(), array->children.end(),
-                          [this](const FileElement& element) { readThing(element); });
+        if (const FileElement* const array = body_.find(std::string(kind_.thing) + "_array")) {
+            for (const FileElement& element : array->countedChildren()) {
+                readThing(element);
+            }
         }
     }
 
 private:
     void readRule() {
-        const std::string word = file_.info->value("interpolation");
-        EXPECT_TRUE(word == "frame" || word == "linear" || word == "key") << word;
+        const std::string& word = file_.info->value("interpolation");
+        require(word == "frame" || word == "linear" || word == "key", *file_.info,
+                "an unknown interpolation: ", excerpt(word));
         rule_.frameCount = file_.frameCount;
         rule_.filling = word == "key" ? Filling::kCurve : word == "linear" ? Filling::kMixed : Filling::kHeld;
-        const std::string* const loops = file_.info->attribute("interp_end_to_start");
-        EXPECT_EQ(loops == nullptr, word == "frame");
-        rule_.loops = loops != nullptr && *loops == "on";
+        const bool hasEnd = file_.info->attribute("interp_end_to_start") != nullptr;
+        require(hasEnd == (word != "frame"), *file_.info, "interp_end_to_start with frames, or without it with others");
+        rule_.loops = hasEnd && file_.info->isOn("interp_end_to_start");
     }
 
     double unit() const { return kind_.hasIntegers && rule_.filling != Filling::kCurve ? 1.0 : 4096.0; }
@@ -108,38 +111,38 @@ private:
         if (element == nullptr || file_.pools.count(name) != 0) {
             return;
         }
-        std::vector<double>& printed = file_.pools[name];
-        printed = readNumbers(element->text);
-        EXPECT_EQ(element->integer("size"), static_cast<int>(printed.size())) << name;
+        const std::vector<double>& printed = file_.pools[name] = element->countedNumbers("size");
         std::vector<int32_t>& stored = stored_[name];
         for (const double number : printed) {
             const double steps = number * unit();
-            EXPECT_NEAR(steps, std::round(steps), 0.01) << name;
+            require(std::abs(steps) <= kLargestSteps, *element, "a number of more than 32 bits");
+            require(std::abs(steps - std::round(steps)) <= kPrintedError, *element,
+                    "a number between the steps of its values");
             stored.push_back(static_cast<int32_t>(std::lround(steps)));
         }
     }
 
     void readThing(const FileElement& element) {
         AnimatedThing thing;
-        EXPECT_EQ(element.name, kind_.thing);
+        require(element.name == kind_.thing, element, "should be ", kind_.thing);
         thing.index = element.integer("index");
-        EXPECT_EQ(thing.index, static_cast<int>(file_.things.size()));
         if (kind_.namesMaterial) {
             thing.materialName = element.value("material_name");
         }
-        if (element.children.size() != kind_.channels.size()) {
-            ADD_FAILURE() << element.children.size() << " channels";
-            return;
-        }
+        require(element.children.size() == kind_.channels.size(), element, element.children.size(),
+                " channels instead of ", kind_.channels.size());
         for (std::size_t i = 0; i < kind_.channels.size(); ++i) {
-            EXPECT_EQ(element.children[i].name, kind_.channels[i].word);
-            thing.channels.emplace_back(kind_.channels[i].word, readChannel(element.children[i], kind_.channels[i]));
+            const ChannelWord& word = kind_.channels[i];
+            require(element.children[i].name == word.word, element.children[i], "should be ", word.word);
+            thing.channels.emplace_back(word.word, readChannel(element.children[i], word));
         }
         file_.things.push_back(std::move(thing));
     }
 
     AnimatedChannel readChannel(const FileElement& element, const ChannelWord& word) {
-        EXPECT_EQ(element.attributeNames(), (std::vector<std::string>{"frame_step", "data_size", "data_head"}));
+        static const std::vector<std::string> kAttributes{"frame_step", "data_size", "data_head"};
+        require(element.attributeNames() == kAttributes, element,
+                "has other attributes than frame_step, data_size and data_head");
         AnimatedChannel channel;
         channel.frameStep = element.integer("frame_step");
         channel.dataSize = element.integer("data_size");
@@ -149,22 +152,31 @@ private:
         rule.frameStep = channel.frameStep;
         const std::vector<int32_t>& pool = stored_[word.pool];
         const int perPlace = rule.filling == Filling::kCurve ? 4 : 1;
-        const int64_t first = static_cast<int64_t>(channel.dataHead) * perPlace;
-        const int64_t count = static_cast<int64_t>(channel.dataSize) * perPlace;
-        if (first < 0 || count < 1 || first + count > static_cast<int64_t>(pool.size())) {
-            ADD_FAILURE() << element.name << ": " << first << " + " << count << " of " << pool.size();
-            return channel;
-        }
+        const int64_t first = int64_t{channel.dataHead} * perPlace;
+        const int64_t count = int64_t{channel.dataSize} * perPlace;
+        require(first >= 0 && count >= 1 && first + count <= static_cast<int64_t>(pool.size()), element, "the values ",
+                first, " to ", first + count, " are not there");
+        played_.add(element);
+        // A curve has no more keys than frames, and one behind them: what many channels share is not read without end.
+        require(channel.dataSize <= int64_t{rule.frameCount} + 1, element, "more values than frames");
         const std::vector<int32_t> data(pool.begin() + first, pool.begin() + first + count);
-        for (const double value : played(data, rule)) {
-            channel.frames.push_back(value / unit());
+        try {
+            channel.frames = played(data, rule);
+        } catch (const FileError& error) {
+            throw FileError(element, error.what());
         }
+        std::for_each(channel.frames.begin(), channel.frames.end(), [this](double& value) { value /= unit(); });
         return channel;
     }
+
+    // Six decimals of a number in steps of 1/4096.
+    static constexpr double kPrintedError = 0.01;
+    static constexpr double kLargestSteps = 2147483647.0;
 
     AnimationFile& file_;
     const FileElement& body_;
     const FileKind& kind_;
+    PlayedFrames& played_;
     PlaybackRule rule_;
     std::map<std::string, std::vector<int32_t>> stored_; // the pools in steps
 };
@@ -172,36 +184,40 @@ private:
 } // namespace
 
 const AnimatedChannel& AnimatedThing::channel(std::string_view word) const {
-    static const AnimatedChannel none;
     const auto found =
         std::find_if(channels.begin(), channels.end(), [&](const auto& channel) { return channel.first == word; });
-    EXPECT_NE(found, channels.end()) << "no channel " << word;
-    return found == channels.end() ? none : found->second;
+    if (found == channels.end()) {
+        throw FileError("there is no channel " + excerpt(word));
+    }
+    return found->second;
 }
 
 Imath::V3d AnimatedThing::vectorAt(const std::string& word, std::size_t frame) const {
     Imath::V3d result(0.0);
     for (int axis = 0; axis < 3; ++axis) {
         const AnimatedChannel& part = channel(word + "xyz"[axis]);
-        EXPECT_LT(frame, part.frames.size()) << word;
-        result[axis] = frame < part.frames.size() ? part.frames[frame] : 0.0;
+        if (frame >= part.frames.size()) {
+            throw FileError("there is no frame " + std::to_string(frame) + " of " + excerpt(word));
+        }
+        result[axis] = part.frames[frame];
     }
     return result;
 }
 
 const AnimatedThing& AnimationFile::thing(int index) const {
-    static const AnimatedThing none;
-    const bool isThere = index >= 0 && index < static_cast<int>(things.size());
-    EXPECT_TRUE(isThere) << "nothing of index " << index;
-    return isThere ? things[static_cast<std::size_t>(index)] : none;
+    if (index < 0 || index >= static_cast<int>(things.size())) {
+        throw FileError("nothing of index " + std::to_string(index) + " is animated");
+    }
+    return things[static_cast<std::size_t>(index)];
 }
 
 const AnimatedThing& AnimationFile::of(std::string_view materialName) const {
-    static const AnimatedThing none;
     const auto found = std::find_if(things.begin(), things.end(),
                                     [&](const AnimatedThing& thing) { return thing.materialName == materialName; });
-    EXPECT_NE(found, things.end()) << "nothing of " << materialName;
-    return found == things.end() ? none : *found;
+    if (found == things.end()) {
+        throw FileError("nothing of material " + excerpt(materialName) + " is animated");
+    }
+    return *found;
 }
 
 AnimationFile readAnimationFile(std::string_view text) {
@@ -209,20 +225,21 @@ AnimationFile readAnimationFile(std::string_view text) {
     file.root = readIntermediateFile(text);
     const auto kind = std::find_if(fileKinds().begin(), fileKinds().end(),
                                    [&](const FileKind& row) { return file.root.name == row.root; });
-    const FileElement* const body = file.root.find("body");
-    file.info = kind == fileKinds().end() || body == nullptr ? nullptr : body->find(kind->info);
-    if (file.info == nullptr) {
-        ADD_FAILURE() << "no body with an info: " << file.root.name;
-        return file;
-    }
-    file.frameCount = file.info->integer("frame_size");
-    Reader(file, *body, *kind);
+    require(kind != fileKinds().end(), file.root, "is no animation of nodes, material colours or texture placements");
+    const FileElement& body = file.root.child("body");
+    file.info = &body.child(kind->info);
+    PlayedFrames played(*file.info, text);
+    file.frameCount = played.frameCount();
+    Reader(file, body, *kind, played).read();
     return file;
 }
 
 std::vector<ModelNode> posed(const ModelFile& model, const AnimationFile& nodes, std::size_t frame) {
+    if (nodes.things.size() != model.nodes.size()) {
+        throw FileError(std::to_string(nodes.things.size()) + " animated nodes for a model of " +
+                        std::to_string(model.nodes.size()));
+    }
     std::vector<ModelNode> result = model.nodes;
-    EXPECT_EQ(nodes.things.size(), model.nodes.size());
     for (ModelNode& node : result) {
         const AnimatedThing& thing = nodes.thing(node.index);
         node.scale = thing.vectorAt("scale_", frame);
@@ -233,4 +250,4 @@ std::vector<ModelNode> posed(const ModelFile& model, const AnimationFile& nodes,
     return result;
 }
 
-} // namespace tvk
+} // namespace decode

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace tvk {
+namespace decode {
 
 // How a reader of animation files plays one channel. Written from the format alone.
 
@@ -23,8 +23,8 @@ struct PlaybackRule {
 };
 
 /// Values of all frames, in the steps that the data are in.
-///   data   the channel's own part of its pool: stored frames, or keys of frame, value, slope in, slope out
-/// Gives a test failure, and zeros, for data that do not fit the rule.
+///   data   the channel's own part of its pool, not empty: stored frames, or keys of frame, value, slope in, slope out
+/// Throws a FileError for data that do not fit the rule.
 std::vector<double> played(const std::vector<int32_t>& data, const PlaybackRule& rule);
 
-} // namespace tvk
+} // namespace decode

@@ -1,26 +1,19 @@
-#include "ModelFile.h"
+#include "decode/ModelFile.h"
 
-#include <gtest/gtest.h>
+#include "decode/FileError.h"
 
 #include <algorithm>
 #include <cmath>
 #include <set>
 
-namespace tvk {
+namespace decode {
 namespace {
 
 constexpr double kRadians = 3.14159265358979323846 / 180.0;
 
 Imath::V3d vectorOf(const FileElement& element, const char* name) {
-    const std::vector<double> parts = element.reals(name);
-    EXPECT_EQ(parts.size(), 3U) << element.value("name") << "." << name;
-    return parts.size() == 3 ? Imath::V3d(parts[0], parts[1], parts[2]) : Imath::V3d(0.0);
-}
-
-bool isOn(const FileElement& element, const char* name) {
-    const std::string word = element.value(name);
-    EXPECT_TRUE(word == "on" || word == "off") << name << "=" << word;
-    return word == "on";
+    const std::vector<double> parts = element.reals(name, 3);
+    return {parts[0], parts[1], parts[2]};
 }
 
 // One elementary rotation for row vectors; axis 0 is x.
@@ -70,32 +63,32 @@ ModelNode readNode(const FileElement& element) {
     node.child = element.integer("child");
     node.brotherNext = element.integer("brother_next");
     node.brotherPrev = element.integer("brother_prev");
-    node.drawMtx = isOn(element, "draw_mtx");
+    node.drawMtx = element.isOn("draw_mtx");
     if (element.attribute("scale_compensate") != nullptr) {
-        node.scaleCompensate = isOn(element, "scale_compensate");
+        node.scaleCompensate = element.isOn("scale_compensate");
     }
     node.billboard = element.value("billboard");
     node.scale = vectorOf(element, "scale");
     node.rotate = vectorOf(element, "rotate");
     node.translate = vectorOf(element, "translate");
-    node.visibility = isOn(element, "visibility");
+    node.visibility = element.isOn("visibility");
     node.displaySize = element.integer("display_size");
     node.attributeNames = element.attributeNames();
-    EXPECT_EQ(static_cast<int>(element.children.size()), node.displaySize) << node.name;
+    require(node.displaySize == static_cast<int>(element.children.size()), element, "display_size of ", node.name,
+            " is ", node.displaySize, ", but there are ", element.children.size(), " displays");
     return node;
 }
 
 class Checker {
 public:
-    explicit Checker(const std::vector<ModelNode>& all) : nodes(all) {}
+    Checker(const std::vector<ModelNode>& all, const FileElement& nodeArray) : nodes(all), array(nodeArray) {}
 
     void checkAll() const {
-        std::set<std::string> names;
-        for (std::size_t i = 0; i < nodes.size(); ++i) {
-            const ModelNode& node = nodes[i];
-            EXPECT_EQ(node.index, static_cast<int>(i)) << node.name;
-            EXPECT_TRUE(names.insert(node.name).second) << "twice: " << node.name;
-            EXPECT_EQ(node.scaleCompensate.has_value(), nodes.front().scaleCompensate.has_value()) << node.name;
+        std::set<std::string_view> names;
+        for (const ModelNode& node : nodes) {
+            check(names.insert(node.name).second, node, "stands there twice");
+            check(node.scaleCompensate.has_value() == nodes.front().scaleCompensate.has_value(), node,
+                  "has scale_compensate and others do not, or the reverse");
             checkPlace(node);
         }
     }
@@ -104,29 +97,34 @@ private:
     bool isNode(int index) const { return index >= 0 && index < static_cast<int>(nodes.size()); }
     const ModelNode& at(int index) const { return nodes[static_cast<std::size_t>(index)]; }
 
+    void check(bool holds, const ModelNode& node, const char* what) const {
+        require(holds, array.children[static_cast<std::size_t>(node.index)], node.name, ": ", what);
+    }
+
     void checkPlace(const ModelNode& node) const {
-        EXPECT_EQ(node.parent == -1, node.index == 0) << "the first node, and it alone, is the root: " << node.name;
-        EXPECT_LT(node.parent, node.index) << "parents stand first: " << node.name;
+        check((node.parent == -1) == (node.index == 0), node, "the first node, and it alone, is the root");
+        check(node.parent < node.index, node, "parents stand first");
         for (const int link : {node.parent, node.child, node.brotherNext, node.brotherPrev}) {
-            EXPECT_TRUE(link == -1 || isNode(link)) << node.name << " links to " << link;
+            check(link == -1 || isNode(link), node, "links to a node that is not there");
         }
-        if (isNode(node.brotherNext)) {
-            EXPECT_EQ(at(node.brotherNext).brotherPrev, node.index) << node.name;
-            EXPECT_EQ(at(node.brotherNext).parent, node.parent) << node.name;
+        if (node.brotherNext != -1) {
+            const ModelNode& next = at(node.brotherNext);
+            check(next.brotherPrev == node.index && next.parent == node.parent, node,
+                  "brother_next does not lead back");
         }
-        if (node.brotherPrev == -1 && isNode(node.parent)) {
-            EXPECT_EQ(at(node.parent).child, node.index) << node.name;
+        if (node.brotherPrev != -1) {
+            check(at(node.brotherPrev).brotherNext == node.index, node, "brother_prev does not lead back");
+        } else if (node.parent != -1) {
+            check(at(node.parent).child == node.index, node, "is nobody's first child and has no brother before it");
         }
-        if (isNode(node.brotherPrev)) {
-            EXPECT_EQ(at(node.brotherPrev).brotherNext, node.index) << node.name;
-        }
-        if (isNode(node.child)) {
-            EXPECT_EQ(at(node.child).parent, node.index) << node.name;
-            EXPECT_EQ(at(node.child).brotherPrev, -1) << node.name;
+        if (node.child != -1) {
+            check(at(node.child).parent == node.index && at(node.child).brotherPrev == -1, node,
+                  "child does not lead back");
         }
     }
 
     const std::vector<ModelNode>& nodes;
+    const FileElement& array;
 };
 
 } // namespace
@@ -151,10 +149,11 @@ const ModelNode* ModelFile::find(std::string_view name) const {
 }
 
 const ModelNode& ModelFile::node(std::string_view name) const {
-    static const ModelNode none;
     const ModelNode* const found = find(name);
-    EXPECT_NE(found, nullptr) << "no node " << name;
-    return found == nullptr ? none : *found;
+    if (found == nullptr) {
+        throw FileError("there is no node " + excerpt(name));
+    }
+    return *found;
 }
 
 std::vector<std::string> ModelFile::names() const {
@@ -177,21 +176,16 @@ std::vector<std::string> ModelFile::childrenOf(std::string_view name) const {
 ModelFile readModelFile(std::string_view text) {
     ModelFile file;
     file.root = readIntermediateFile(text);
-    EXPECT_EQ(file.root.name, "imd");
-    const FileElement* const body = file.root.find("body");
-    if (body == nullptr) {
-        ADD_FAILURE() << "no body";
-        return file;
+    require(file.root.name == "imd", file.root, "is no model");
+    const FileElement& body = file.root.child("body");
+    file.info = &body.child("model_info");
+    if (const FileElement* const array = body.find("node_array")) {
+        const std::vector<FileElement>& elements = array->countedChildren();
+        std::transform(elements.begin(), elements.end(), std::back_inserter(file.nodes), readNode);
+        Checker(file.nodes, *array).checkAll();
     }
-    file.info = body->find("model_info");
-    EXPECT_NE(file.info, nullptr);
-    if (const FileElement* const array = body->find("node_array")) {
-        EXPECT_EQ(array->integer("size"), static_cast<int>(array->children.size()));
-        std::transform(array->children.begin(), array->children.end(), std::back_inserter(file.nodes), readNode);
-    }
-    Checker(file.nodes).checkAll();
     buildMatrices(file.nodes);
     return file;
 }
 
-} // namespace tvk
+} // namespace decode

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "IntermediateFile.h"
+#include "decode/IntermediateFile.h"
 
 #include <ImathMatrix.h>
 #include <ImathVec.h>
@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tvk {
+namespace decode {
 
 /// One node as a model file tells of it, and what follows from that.
 struct ModelNode {
@@ -29,28 +29,35 @@ struct ModelNode {
     Imath::M44d world; // product of the locals up the parents
 };
 
-/// A reader of model files that knows nothing but the file.
+/// A reader of model files that knows nothing but the file. Moved, never copied: `info` points into `root`.
 struct ModelFile {
+    ModelFile() = default;
+    ModelFile(ModelFile&&) = default;
+    ModelFile& operator=(ModelFile&&) = default;
+    ModelFile(const ModelFile&) = delete;
+    ModelFile& operator=(const ModelFile&) = delete;
+    ~ModelFile() = default;
+
     FileElement root;
-    const FileElement* info = nullptr;
-    std::vector<ModelNode> nodes; // in file order
+    const FileElement* info = nullptr; // never null in a file that was read
+    std::vector<ModelNode> nodes;      // in file order
 
     /// Null when there is no node of that name.
     const ModelNode* find(std::string_view name) const;
-    /// The node, or a test failure and an empty node.
+    /// Throws a FileError when there is none.
     const ModelNode& node(std::string_view name) const;
     std::vector<std::string> names() const;
     /// Names of a node's children along the brother links.
     std::vector<std::string> childrenOf(std::string_view name) const;
 };
 
-/// Reads a model file. Gives a test failure for everything in it that a reader could stumble over: bad text, a size
-/// that is not the number of nodes, an index that is not the position, links that lead nowhere or do not agree with
-/// each other, a child before its parent, several roots, lines that only some nodes have, display lines that do not
-/// count.
+/// Reads a model file. Throws a FileError for everything in it that a reader could stumble over: bad text, a size that
+/// is not the number of nodes, an index that is not the position, links that lead nowhere or do not agree with each
+/// other, a child before its parent, several roots, lines that only some nodes have, display lines that do not count.
 ModelFile readModelFile(std::string_view text);
 
-/// Local and world matrices of all nodes from their scale, rotate and translate, parents first.
+/// Local and world matrices of all nodes from their scale, rotate and translate.
+///   nodes   as readModelFile gives them: parents first
 void buildMatrices(std::vector<ModelNode>& nodes);
 
-} // namespace tvk
+} // namespace decode

@@ -1,11 +1,18 @@
-#include "channelPlayback.h"
+#include "decode/channelPlayback.h"
 
-#include <gtest/gtest.h>
+#include "decode/FileError.h"
 
 #include <cstddef>
+#include <string>
 
-namespace tvk {
+namespace decode {
 namespace {
+
+void demand(bool holds, const char* what) {
+    if (!holds) {
+        throw FileError(what);
+    }
+}
 
 constexpr int64_t kTurn = int64_t{360} * 4096;
 
@@ -24,20 +31,17 @@ int64_t mixed(int64_t before, int64_t after, int part, int step, bool isAngle) {
 std::vector<double> playedSteps(const std::vector<int32_t>& data, const PlaybackRule& rule) {
     std::vector<double> frames(static_cast<std::size_t>(rule.frameCount), 0.0);
     if (data.size() == 1) {
-        EXPECT_EQ(rule.frameStep, 1);
+        demand(rule.frameStep == 1, "one value, but not for every frame");
         frames.assign(frames.size(), data.front());
         return frames;
     }
     const int step = rule.frameStep;
-    if (step != 1 && step != 2 && step != 4) {
-        ADD_FAILURE() << "frame_step " << step;
-        return frames;
-    }
+    demand(step == 1 || step == 2 || step == 4, "a frame_step other than 1, 2 and 4");
     const int dense = (rule.frameCount - 1) / step * step;
     const int expected = dense / step + rule.frameCount - dense;
     if (static_cast<int>(data.size()) != expected) {
-        ADD_FAILURE() << data.size() << " values at step " << step << " of " << rule.frameCount << " frames";
-        return frames;
+        throw FileError(std::to_string(data.size()) + " values at step " + std::to_string(step) + " of " +
+                        std::to_string(rule.frameCount) + " frames");
     }
     for (int frame = 0; frame < rule.frameCount; ++frame) {
         const int place = frame >= dense ? dense / step + frame - dense : frame / step;
@@ -56,15 +60,16 @@ struct Key {
 
 std::vector<Key> keysOf(const std::vector<int32_t>& data, const PlaybackRule& rule) {
     constexpr double kUnit = 4096.0;
+    demand(data.size() >= 4, "a curve without keys");
     std::vector<Key> keys;
     for (std::size_t i = 0; i + 3 < data.size(); i += 4) {
         keys.push_back({data[i] / kUnit, static_cast<double>(data[i + 1]), static_cast<double>(data[i + 2]),
                         static_cast<double>(data[i + 3])});
-        EXPECT_EQ(data[i] % 4096, 0) << "a key between frames";
-        EXPECT_TRUE(keys.size() == 1 || keys.back().frame > keys[keys.size() - 2].frame);
+        demand(data[i] % 4096 == 0, "a key between frames");
+        demand(keys.size() == 1 || keys.back().frame > keys[keys.size() - 2].frame, "keys that do not ascend");
     }
-    EXPECT_EQ(keys.front().frame, 0.0);
-    EXPECT_EQ(keys.back().frame, rule.frameCount - (rule.loops ? 0 : 1));
+    demand(keys.front().frame == 0.0, "a curve that does not start at frame 0");
+    demand(keys.back().frame == rule.frameCount - (rule.loops ? 0 : 1), "a curve that does not end with the range");
     return keys;
 }
 
@@ -80,7 +85,7 @@ double between(const Key& a, const Key& b, double frame) {
 }
 
 std::vector<double> playedKeys(const std::vector<int32_t>& data, const PlaybackRule& rule) {
-    EXPECT_EQ(rule.frameStep, 1);
+    demand(rule.frameStep == 1, "a curve with a frame_step");
     const std::vector<Key> keys = keysOf(data, rule);
     std::vector<double> frames;
     std::size_t after = 0; // the first key behind the frame
@@ -101,4 +106,4 @@ std::vector<double> played(const std::vector<int32_t>& data, const PlaybackRule&
     return rule.filling == Filling::kCurve ? playedKeys(data, rule) : playedSteps(data, rule);
 }
 
-} // namespace tvk
+} // namespace decode

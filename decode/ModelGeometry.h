@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ModelFile.h"
+#include "decode/ModelFile.h"
 
 #include <ImathMatrix.h>
 #include <ImathVec.h>
@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace tvk {
+namespace decode {
 
 /// One vertex as the console would draw it.
 struct DrawnVertex {
@@ -50,12 +50,12 @@ struct ModelGeometry {
     std::vector<DrawnMatrix> matrices;
     std::vector<DrawnPolygon> polygons;
 
-    /// The polygon, or a test failure and an empty one.
+    /// Throws a FileError when there is none.
     const DrawnPolygon& polygon(std::string_view name) const;
     std::vector<DrawnFace> allFaces() const;
 };
 
-/// Reads them. Gives a test failure for everything that a console would show wrong: a vertex on a slot that was never
+/// Reads them. Throws a FileError for everything that a console would show wrong: a vertex on a slot that was never
 /// loaded, or whose matrix is unknown because slots were loaded since; a normal that is older than its matrix or its
 /// colour; a position relative to nothing; counts, sizes and indices that do not agree with what follows; vertices that
 /// are no whole number of faces; a matrix list or an envelope that leads nowhere; a polygon that no node draws, or that
@@ -64,7 +64,7 @@ ModelGeometry readModelGeometry(const ModelFile& file);
 
 /// Places all vertices anew, as a console does when nodes move: those of one node with it, blends as each of their
 /// nodes carries them away from where the file has it.
-///   worlds   world matrices by node index
+///   worlds   world matrices by node index, one for each node
 void poseModel(const ModelFile& file, const std::vector<Imath::M44d>& worlds, ModelGeometry& model);
 
-} // namespace tvk
+} // namespace decode
