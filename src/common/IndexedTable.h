@@ -36,7 +36,7 @@ private:
     std::size_t slotOf(const Value& value) const {
         // Fibonacci hashing: neighbouring values spread over the whole table.
         constexpr uint64_t kSpread = 0x9E3779B97F4A7C15U;
-        std::size_t at = static_cast<std::size_t>((Hash()(value) * kSpread) >> shift);
+        auto at = static_cast<std::size_t>((Hash()(value) * kSpread) >> shift);
         while (slots[at] >= 0 && !(values[static_cast<std::size_t>(slots[at])] == value)) {
             at = (at + 1) & (slots.size() - 1);
         }

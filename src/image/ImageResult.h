@@ -10,7 +10,7 @@ struct [[nodiscard]] ImageResult {
     bool ok() const { return error.empty(); }
 };
 
-namespace imageError {
+namespace image_error {
 
 inline constexpr const char* kUnsupportedType = "Image type is not supported: ";
 inline constexpr const char* kCantOpen = "Can't open file: ";
@@ -25,5 +25,5 @@ inline constexpr const char* kNoTexels = "No texel data: ";
 inline constexpr const char* kNoPaletteIndices = "No palette index data: ";
 inline constexpr const char* kNoPalette = "No palette data: ";
 
-} // namespace imageError
+} // namespace image_error
 } // namespace tvk

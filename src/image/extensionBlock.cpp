@@ -11,7 +11,7 @@ constexpr size_t kTagBytes = 8;
 constexpr std::string_view kEndTag = "tvk_endb";
 
 ImageResult failed(const ImageRecord& record) {
-    return {imageError::kExtension + record.fileName};
+    return {image_error::kExtension + record.fileName};
 }
 
 // An odd byte at the end is no entry.
@@ -27,7 +27,7 @@ ImageResult takeFormat(Bytes payload, TextureData& data) {
     const auto* const row = std::find_if(kTextureFormats.begin(), kTextureFormats.end(),
                                          [&](const TextureFormatRow& known) { return known.name == payload.text(); });
     if (row == kTextureFormats.end()) {
-        return {imageError::kTextureFormat + std::string(payload.text())};
+        return {image_error::kTextureFormat + std::string(payload.text())};
     }
     data.format = row->format;
     data.hasFormat = true;

@@ -45,7 +45,7 @@ Bytes viewOf(const std::vector<uint8_t>& bytes) {
 }
 
 ImageResult cantOpen(const ImageRecord& record) {
-    return {imageError::kCantOpen + record.fileName};
+    return {image_error::kCantOpen + record.fileName};
 }
 
 // Far beyond any texture. What a file holds behind it is as if it were cut off: a file of absurd size must not ask for
@@ -102,7 +102,7 @@ ImageResult openImage(const std::string& fileName, ImageReading reading, ImageRe
     record = ImageRecord{};
     record.fileName = fileName;
     if (!findType(fileName, record.type)) {
-        return {imageError::kUnsupportedType + fileName};
+        return {image_error::kUnsupportedType + fileName};
     }
     Reading work{{}, record};
     if (!work.file.open(fileName, record.fileSize)) {

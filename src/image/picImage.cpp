@@ -19,7 +19,7 @@ constexpr uint8_t kAlphaChannel = 0x10;
 enum Packing : uint8_t { kPlain, kPureRunLength, kMixedRunLength };
 
 ImageResult failed(const ImageRecord& record) {
-    return {imageError::kPic + record.fileName};
+    return {image_error::kPic + record.fileName};
 }
 
 void findExtension(Bytes head, ImageRecord& record) {

@@ -66,10 +66,10 @@ ImageResult writeTexels(std::ostream& out, const TextureData& data, int32_t widt
     const bool inBlocks = data.format == TextureFormat::kTex4x4;
     const size_t blocks = static_cast<size_t>(width / 4) * static_cast<size_t>(height / 4);
     if (data.texels.empty() || (inBlocks && data.texels.size() < 4 * blocks)) {
-        return {imageError::kNoTexels + name};
+        return {image_error::kNoTexels + name};
     }
     if (inBlocks && data.paletteIndices.size() < blocks) {
-        return {imageError::kNoPaletteIndices + name};
+        return {image_error::kNoPaletteIndices + name};
     }
     if (inBlocks) {
         writeBlocks(out, data, blocks);

@@ -21,10 +21,10 @@ bool fillsTexture(const TextureData& data, uint64_t texels) {
 
 ImageResult takeExtension(const ImageRecord& image, const std::string& name, ConvertedTexture& texture) {
     if (textureFormatRow(image.extension.format).paletteSize > 0 && !image.extension.hasPalette) {
-        return {imageError::kNoPalette + name};
+        return {image_error::kNoPalette + name};
     }
     if (!fillsTexture(image.extension, uint64_t{texture.width} * texture.height)) {
-        return {imageError::kExtension + image.fileName};
+        return {image_error::kExtension + image.fileName};
     }
     texture.data = image.extension;
     return {};

@@ -225,17 +225,17 @@ bool fileCanHold(Bytes file, size_t start, const TgaHeader& header) {
 
 ImageResult readTgaHeader(Bytes head, TgaHeader& header, ImageRecord& record) {
     if (head.size < kHeaderBytes) {
-        return failed(imageError::kTgaEnd, record);
+        return failed(image_error::kTgaEnd, record);
     }
     header = decodeHeader(head);
     if (!isKnownType(header.imageType) || (header.isColorMapped() && !header.hasColorMap)) {
-        return failed(imageError::kTgaImageType, record);
+        return failed(image_error::kTgaImageType, record);
     }
     if (!isKnownDepth(header.bitsPerPixel) || (header.isColorMapped() && !isKnownDepth(header.mapEntryBits))) {
-        return failed(imageError::kTgaBitsPerPixel, record);
+        return failed(image_error::kTgaBitsPerPixel, record);
     }
     if (header.width == 0 || header.height == 0) {
-        return failed(imageError::kTgaSize, record);
+        return failed(image_error::kTgaSize, record);
     }
     record.width = header.width;
     record.height = header.height;
@@ -246,12 +246,12 @@ ImageResult readTgaHeader(Bytes head, TgaHeader& header, ImageRecord& record) {
 
 ImageResult readTgaPixels(Bytes file, const TgaHeader& header, ImageRecord& record) {
     if (header.width > kLargestImageSide || header.height > kLargestImageSide) {
-        return failed(imageError::kTgaSize, record);
+        return failed(image_error::kTgaSize, record);
     }
     const size_t mapAt = kHeaderBytes + size_t{header.idLength};
     const size_t mapBytes = header.hasColorMap ? size_t{header.mapLength} * bytesOf(header.mapEntryBits) : 0;
     if (!file.holds(mapAt, mapBytes) || !fileCanHold(file, mapAt + mapBytes, header)) {
-        return failed(imageError::kTgaEnd, record);
+        return failed(image_error::kTgaEnd, record);
     }
     std::vector<Pixel> map;
     if (header.isColorMapped()) {
@@ -260,7 +260,7 @@ ImageResult readTgaPixels(Bytes file, const TgaHeader& header, ImageRecord& reco
     PixelSource source(file, mapAt + mapBytes, header, std::move(map));
     PixelSink sink(header, !record.hasAlpha, record);
     const bool complete = header.isRunLength() ? readRunLength(source, sink) : readPlain(source, sink);
-    return complete ? ImageResult{} : failed(imageError::kTgaEnd, record);
+    return complete ? ImageResult{} : failed(image_error::kTgaEnd, record);
 }
 
 } // namespace tvk
