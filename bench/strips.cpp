@@ -58,8 +58,8 @@ std::vector<MeshResult> measureTriangles() {
         const int64_t rival =
             std::min(tvk::stripWithMeshoptimizer(indices).vertices, tvk::stripWithOpenSceneGraph(indices).vertices);
         results.push_back({reference, faces.sizes.size(),
-                           perFace(verticesSent(faces, StripEffort::standard), faces.sizes.size()),
-                           perFace(verticesSent(faces, StripEffort::thorough), faces.sizes.size()),
+                           perFace(verticesSent(faces, StripEffort::kStandard), faces.sizes.size()),
+                           perFace(verticesSent(faces, StripEffort::kThorough), faces.sizes.size()),
                            perFace(rival, faces.sizes.size())});
     }
     return results;
@@ -116,9 +116,9 @@ bool printQuads() {
         if (quads.sizes.empty())
             continue;
         const std::string what = std::string(reference.mesh) + ", " + std::to_string(quads.sizes.size()) + " quads";
-        const double ours = perFace(verticesSent(quads, StripEffort::thorough), quads.sizes.size());
+        const double ours = perFace(verticesSent(quads, StripEffort::kThorough), quads.sizes.size());
         const double asTriangles =
-            perFace(verticesSent(tvk::onlyTriangles(quads), StripEffort::thorough), quads.sizes.size());
+            perFace(verticesSent(tvk::onlyTriangles(quads), StripEffort::kThorough), quads.sizes.size());
         rows.push_back({what + ", above 2", ours - 2, "v/quad", "best result known", reference.quads - 2,
                         1.03 + kQuoted / (reference.quads - 2)});
         rows.push_back({what, ours, "v/quad", "the same as triangles", asTriangles, 1});
@@ -126,9 +126,9 @@ bool printQuads() {
             continue;
         // As they are: whole, in part or all split, whatever sends least.
         const int64_t free = std::numeric_limits<int64_t>::max();
-        const auto mixed = static_cast<double>(verticesSent(faces, StripEffort::thorough, free));
-        const auto whole = static_cast<double>(verticesSent(faces, StripEffort::thorough));
-        const auto split = static_cast<double>(verticesSent(tvk::onlyTriangles(faces), StripEffort::thorough));
+        const auto mixed = static_cast<double>(verticesSent(faces, StripEffort::kThorough, free));
+        const auto whole = static_cast<double>(verticesSent(faces, StripEffort::kThorough));
+        const auto split = static_cast<double>(verticesSent(tvk::onlyTriangles(faces), StripEffort::kThorough));
         rows.push_back({std::string(reference.mesh) + " with its triangles", mixed, "v",
                         "better of whole and split quads", std::min(whole, split), 1});
     }
@@ -164,7 +164,7 @@ bool printTimes() {
         const FaceList sheet = tvk::makeStripSheet(size);
         const auto count = static_cast<double>(sheet.sizes.size());
         const double standard =
-            tvk::measureProcessorSeconds(size > 100000 ? 1 : 3, [&] { verticesSent(sheet, StripEffort::standard); });
+            tvk::measureProcessorSeconds(size > 100000 ? 1 : 3, [&] { verticesSent(sheet, StripEffort::kStandard); });
         perTriangle[place++] = standard / count * 1e6;
         if (size > 100000)
             continue;
@@ -176,7 +176,7 @@ bool printTimes() {
         rows.push_back({what + ", default effort", standard / count * 1e6, "us/triangle", "OSG", rival, 10});
         if (size > 10000)
             continue;
-        const double thorough = tvk::measureProcessorSeconds(1, [&] { verticesSent(sheet, StripEffort::thorough); });
+        const double thorough = tvk::measureProcessorSeconds(1, [&] { verticesSent(sheet, StripEffort::kThorough); });
         rows.push_back({what + ", thorough", thorough / count * 1e6, "us/triangle", "OSG", rival, 100});
     }
     rows.push_back(

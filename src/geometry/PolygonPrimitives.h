@@ -8,19 +8,19 @@
 namespace tvk {
 
 // The console's codes.
-enum class PrimitiveType : uint8_t { triangles, quads, triangleStrip, quadStrip };
+enum class PrimitiveType : uint8_t { kTriangles, kQuads, kTriangleStrip, kQuadStrip };
 
 // How many matrices the console holds at a time.
 inline constexpr int32_t kMatrixSlotCount = 31;
 
 // Faces that are sent with one begin command.
 struct Primitive {
-    PrimitiveType type = PrimitiveType::triangles;
+    PrimitiveType type = PrimitiveType::kTriangles;
     // In sending order; never empty. For a whole number of faces:
-    //   triangles      3 a face, in winding order
-    //   quads          4 a face, in winding order
-    //   triangleStrip  n + 2 for n > 1 triangles: triangle k is k, k+1, k+2, for odd k with the first two exchanged
-    //   quadStrip      2n + 2 for n > 1 quads: quad k is 2k, 2k+1, 2k+3, 2k+2
+    //   kTriangles      3 a face, in winding order
+    //   kQuads          4 a face, in winding order
+    //   kTriangleStrip  n + 2 for n > 1 triangles: triangle k is k, k+1, k+2, for odd k with the first two exchanged
+    //   kQuadStrip      2n + 2 for n > 1 quads: quad k is 2k, 2k+1, 2k+3, 2k+2
     std::vector<Corner> vertices;
 };
 
@@ -29,7 +29,7 @@ struct MatrixGroup {
     // The matrices of the group's vertices, each once, at most kMatrixSlotCount. First those that the slots hold from
     // the groups before, in slot order, then those to load, in the order in which the source's faces use them.
     std::vector<int32_t> matrices;
-    // In sending order. Usually quad strips, triangle strips, at most one `quads`, at most one `triangles`; in a later
+    // In sending order. Usually quad strips, triangle strips, at most one kQuads, at most one kTriangles; in a later
     // group another primitive may come first so that the first vertex is on another matrix than the last vertex of the
     // group before (loading slots changes the console's current matrix, and only a change makes the writer name it).
     std::vector<Primitive> primitives;

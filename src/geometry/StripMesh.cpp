@@ -158,7 +158,7 @@ void linkFaces(StripMesh& mesh) {
     int32_t highest = -1;
     for (const std::array<int32_t, 4>& face : mesh.corners)
         highest = std::max(highest, *std::max_element(face.begin(), face.end()));
-    const auto vertexCount = static_cast<std::size_t>(highest + 1);
+    const std::size_t vertexCount = static_cast<std::size_t>(highest) + 1;
     const std::vector<HalfEdge> up = sortedHalfEdges(mesh, true, vertexCount);
     const std::vector<HalfEdge> down = sortedHalfEdges(mesh, false, vertexCount);
     std::size_t i = 0;

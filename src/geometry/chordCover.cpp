@@ -66,7 +66,7 @@ private:
         const std::size_t length = stretch.end - stretch.begin;
         const std::size_t offset = stretch.begin - chords.starts[stretch.chord];
         const EvenStretches shortened = chords.shortened[stretch.chord];
-        const EvenStretches kind = offset % 2 == 0 ? EvenStretches::fromEvenPlaces : EvenStretches::fromOddPlaces;
+        const EvenStretches kind = offset % 2 == 0 ? EvenStretches::kFromEvenPlaces : EvenStretches::kFromOddPlaces;
         if (length > 2 && length % 2 == 0 && shortened == kind) {
             --stretch.end;
             note({stretch.chord, stretch.end, stretch.end + 1});

@@ -6,7 +6,7 @@
 
 namespace tvk {
 
-enum class EvenStretches : uint8_t { none, fromEvenPlaces, fromOddPlaces };
+enum class EvenStretches : uint8_t { kNone, kFromEvenPlaces, kFromOddPlaces };
 
 // Every straight way through a mesh: for each face and each of its labels the one chain that it lies on.
 // A place is face * 4 + label.

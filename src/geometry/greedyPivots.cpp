@@ -55,7 +55,7 @@ private:
         for (std::size_t count = 0; count < waiting.size(); ++count) {
             std::deque<uint32_t>& queue = waiting[count];
             while (!queue.empty()) {
-                const bool last = order == GreedyOrder::beside || count == 3;
+                const bool last = order == GreedyOrder::kBeside || count == 3;
                 start = last ? queue.back() : queue.front();
                 if (last)
                     queue.pop_back();

@@ -6,8 +6,8 @@ namespace tvk {
 
 // Which of the triangles that are equally hard to reach starts the next strip.
 enum class GreedyOrder {
-    beside, // the one whose neighbour was taken last: strips run side by side, best on regular meshes
-    apart,  // the one that has waited longest
+    kBeside, // the one whose neighbour was taken last: strips run side by side, best on regular meshes
+    kApart,  // the one that has waited longest
 };
 
 // Labels for a first set of strips. Each strip starts at the triangle with the fewest free neighbours and takes, of the

@@ -75,12 +75,12 @@ public:
     }
 
     void show(PrimitiveStep step, double done) {
-        const char* const format = step == PrimitiveStep::makeStrips ? kStripFormat : kGroupFormat;
+        const char* const format = step == PrimitiveStep::kMakeStrips ? kStripFormat : kGroupFormat;
         if (format != shownFormat_) {
             MFeedbackLine::setFormat(hostText(format + line_));
             shownFormat_ = format;
         }
-        if (step == PrimitiveStep::makeStrips) {
+        if (step == PrimitiveStep::kMakeStrips) {
             const double triangles = static_cast<double>(done_) + done * static_cast<double>(current_);
             MFeedbackLine::setValue(0, 100.0 * triangles / static_cast<double>(triangles_));
         }

@@ -126,16 +126,16 @@ void countFaces(MatrixGroup& group) {
         const auto vertices = static_cast<int32_t>(primitive.vertices.size());
         group.vertexCount += vertices;
         switch (primitive.type) {
-        case PrimitiveType::triangles:
+        case PrimitiveType::kTriangles:
             group.triangleCount += vertices / 3;
             break;
-        case PrimitiveType::quads:
+        case PrimitiveType::kQuads:
             group.quadCount += vertices / 4;
             break;
-        case PrimitiveType::triangleStrip:
+        case PrimitiveType::kTriangleStrip:
             group.triangleCount += vertices - 2;
             break;
-        case PrimitiveType::quadStrip:
+        case PrimitiveType::kQuadStrip:
             group.quadCount += vertices / 2 - 1;
             break;
         }
@@ -150,7 +150,7 @@ bool hasSeveralMatrices(const FaceList& faces) {
 } // namespace
 
 StripEffort stripEffortFor(int64_t modelTriangles) {
-    return modelTriangles < kThoroughLimit ? StripEffort::thorough : StripEffort::standard;
+    return modelTriangles < kThoroughLimit ? StripEffort::kThorough : StripEffort::kStandard;
 }
 
 int64_t quadsThatMaySplit(int64_t triangles, int64_t quads) {
@@ -167,7 +167,7 @@ PolygonPrimitives buildPrimitives(const FaceList& faces, const PrimitiveOptions&
     polygon.usesMatrixCommands = hasSeveralMatrices(faces);
     const std::vector<std::size_t> starts = faceStarts(faces);
     const std::vector<FaceGroup> faceGroups =
-        groupByMatrices(faces, [&](double done) { tell(PrimitiveStep::groupMatrices, done); });
+        groupByMatrices(faces, [&](double done) { tell(PrimitiveStep::kGroupMatrices, done); });
 
     int64_t allowance = options.splittableQuads;
     int32_t lastMatrix = -1;
@@ -179,7 +179,7 @@ PolygonPrimitives buildPrimitives(const FaceList& faces, const PrimitiveOptions&
         if (options.makeStrips) {
             const GroupFaces group = weldGroup(faces, starts, faceGroup.faces);
             loose = looseStrips(group, chooseStrips(group, options.effort, allowance, [&](double done) {
-                                    tell(PrimitiveStep::makeStrips, (facesBefore + groupSize * done) / faceCount);
+                                    tell(PrimitiveStep::kMakeStrips, (facesBefore + groupSize * done) / faceCount);
                                 }));
         } else {
             loose = looseFaces(faces, starts, faceGroup.faces);
@@ -192,7 +192,7 @@ PolygonPrimitives buildPrimitives(const FaceList& faces, const PrimitiveOptions&
         facesBefore += groupSize;
         polygon.groups.push_back(std::move(group));
         if (options.makeStrips)
-            tell(PrimitiveStep::makeStrips, facesBefore / faceCount);
+            tell(PrimitiveStep::kMakeStrips, facesBefore / faceCount);
     }
     return polygon;
 }

@@ -8,23 +8,23 @@
 
 namespace tvk {
 
-// How long strips are improved. Both take time linear in the faces; thorough takes some forty times as long.
-enum class StripEffort { standard, thorough };
+// How long strips are improved. Both take time linear in the faces; kThorough takes some forty times as long.
+enum class StripEffort { kStandard, kThorough };
 
 // The console cannot show models beyond a few thousand triangles, so that what can be shown gets the thorough effort
 // and only what could never be shown is spared it.
 //   modelTriangles   of all polygons of the model
 StripEffort stripEffortFor(int64_t modelTriangles);
 
-enum class PrimitiveStep { groupMatrices, makeStrips };
+enum class PrimitiveStep { kGroupMatrices, kMakeStrips };
 
-// Told how far a step is with the polygon at hand, from 0 to 1, rising; at least once with 1 for makeStrips when strips
-// are made, and for groupMatrices when the polygon needs more than one group.
+// Told how far a step is with the polygon at hand, from 0 to 1, rising; at least once with 1 for kMakeStrips when
+// strips are made, and for kGroupMatrices when the polygon needs more than one group.
 using PrimitiveProgress = std::function<void(PrimitiveStep step, double done)>;
 
 struct PrimitiveOptions {
-    bool makeStrips = true; // off: one `quads`, then one `triangles`, each in face order
-    StripEffort effort = StripEffort::standard;
+    bool makeStrips = true; // off: one kQuads, then one kTriangles, each in face order
+    StripEffort effort = StripEffort::kStandard;
     // How many quads may be sent as two triangles of a triangle strip; quadsThatMaySplit() tells. They are, where that
     // sends fewer vertices. Without room for all of a polygon's gains only those that fit are taken.
     int64_t splittableQuads = 0;

@@ -190,18 +190,18 @@ bool openWithStrip(VertexLists& strips, PrimitiveType type, int32_t lastMatrix, 
 }
 
 void openGroup(LooseFaces& faces, int32_t lastMatrix, Sender& sender) {
-    if (openWithStrip(faces.quadStrips, PrimitiveType::quadStrip, lastMatrix, sender) ||
-        openWithStrip(faces.triangleStrips, PrimitiveType::triangleStrip, lastMatrix, sender))
+    if (openWithStrip(faces.quadStrips, PrimitiveType::kQuadStrip, lastMatrix, sender) ||
+        openWithStrip(faces.triangleStrips, PrimitiveType::kTriangleStrip, lastMatrix, sender))
         return;
     for (const bool broken : {false, true}) {
         if (broken)
             breakOneStrip(faces, lastMatrix);
         if (openList(faces.quads, lastMatrix)) {
-            sender.sendList(faces.quads, PrimitiveType::quads, true);
+            sender.sendList(faces.quads, PrimitiveType::kQuads, true);
             return;
         }
         if (openList(faces.triangles, lastMatrix)) {
-            sender.sendList(faces.triangles, PrimitiveType::triangles, true);
+            sender.sendList(faces.triangles, PrimitiveType::kTriangles, true);
             return;
         }
     }
@@ -213,10 +213,10 @@ std::vector<Primitive> orderPrimitives(LooseFaces faces, int32_t lastMatrix, boo
     Sender sender(lastMatrix, sortLists);
     if (lastMatrix >= 0)
         openGroup(faces, lastMatrix, sender);
-    sender.sendStrips(faces.quadStrips, PrimitiveType::quadStrip);
-    sender.sendStrips(faces.triangleStrips, PrimitiveType::triangleStrip);
-    sender.sendList(faces.quads, PrimitiveType::quads, false);
-    sender.sendList(faces.triangles, PrimitiveType::triangles, false);
+    sender.sendStrips(faces.quadStrips, PrimitiveType::kQuadStrip);
+    sender.sendStrips(faces.triangleStrips, PrimitiveType::kTriangleStrip);
+    sender.sendList(faces.quads, PrimitiveType::kQuads, false);
+    sender.sendList(faces.triangles, PrimitiveType::kTriangles, false);
     return std::move(sender.primitives);
 }
 

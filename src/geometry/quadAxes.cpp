@@ -195,7 +195,7 @@ QuadAxes longestAxes(const StripMesh& mesh) {
         chords.places.push_back(place);
         followChord(mesh, place ^ 2u, seen, chords.places);
         chords.starts.push_back(chords.places.size());
-        chords.shortened.push_back(EvenStretches::none);
+        chords.shortened.push_back(EvenStretches::kNone);
     }
     return coverLongestFirst(chords, mesh.faceCount());
 }

@@ -44,7 +44,7 @@ std::vector<std::vector<int32_t>> buildQuadStrips(const StripMesh& mesh, StripEf
         });
         best = better(mesh, best, start);
     };
-    if (effort == StripEffort::standard) {
+    if (effort == StripEffort::kStandard) {
         improve(kStandardPlan, 0, best, 0, 1);
     } else {
         improve(kRefinePlan, 1, best, 0, 0.3);

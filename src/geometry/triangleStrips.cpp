@@ -25,8 +25,8 @@ constexpr PivotPlan kMeltPlan{{1300, kHot, kCool}, {15, kStripsWarm, kStripsCool
 constexpr int kMelts = 2;
 
 PivotLabels firstPivots(const StripMesh& mesh, const std::vector<uint32_t>& components) {
-    std::vector<PivotLabels> candidates{greedyPivots(mesh, GreedyOrder::beside),
-                                        greedyPivots(mesh, GreedyOrder::apart)};
+    std::vector<PivotLabels> candidates{greedyPivots(mesh, GreedyOrder::kBeside),
+                                        greedyPivots(mesh, GreedyOrder::kApart)};
     for (uint8_t direction = 0; direction < 3; ++direction)
         candidates.push_back(parallelPivots(mesh, direction));
     return bestByComponent(mesh, components, candidates);
@@ -43,7 +43,7 @@ PivotLabels disorder(std::size_t count, uint64_t seed) {
 // Trying several starts would not pay: meshes of several patches are hardly ever regular as a whole, and each look at
 // all of their triangles waits for memory.
 PivotLabels largePivots(const StripMesh& mesh, const std::function<void(double)>& tell) {
-    PivotLabels pivots = greedyPivots(mesh, GreedyOrder::beside);
+    PivotLabels pivots = greedyPivots(mesh, GreedyOrder::kBeside);
     annealPivots(mesh, kStandardPlan, pivots, tell);
     return pivots;
 }
@@ -52,7 +52,7 @@ PivotLabels largePivots(const StripMesh& mesh, const std::function<void(double)>
 
 std::vector<std::vector<int32_t>> buildTriangleStrips(const StripMesh& mesh, StripEffort effort,
                                                       const std::function<void(double)>& done) {
-    if (effort == StripEffort::standard && mesh.faceCount() > kStripPatchSize)
+    if (effort == StripEffort::kStandard && mesh.faceCount() > kStripPatchSize)
         return readTriangleStrips(mesh, largePivots(mesh, done));
     const std::vector<uint32_t> components = findComponents(mesh);
     PivotLabels best = firstPivots(mesh, components);
@@ -67,7 +67,7 @@ std::vector<std::vector<int32_t>> buildTriangleStrips(const StripMesh& mesh, Str
         annealPivots(mesh, plan, start, [&](double part) { tell(from + (to - from) * part); });
         best = bestByComponent(mesh, components, {std::move(best), std::move(start)});
     };
-    if (effort == StripEffort::standard) {
+    if (effort == StripEffort::kStandard) {
         improve(kStandardPlan, best, 0, 1);
     } else {
         improve(kRefinePlan, best, 0, 0.25);

@@ -92,7 +92,7 @@ TEST_P(RandomLabels, StripsShowEveryTriangleOnceAndAreAsManyAsCounted) {
     annealPivots(mesh, {{30, 3000000000u, 1000000000u}, {10, 5000000u, 200000u}, GetParam()}, annealed);
     EXPECT_LT(countTriangleStrips(mesh, annealed), countTriangleStrips(mesh, disorder) / 2);
     for (const PivotLabels& pivots :
-         {disorder, annealed, greedyPivots(mesh, GreedyOrder::beside), greedyPivots(mesh, GreedyOrder::apart),
+         {disorder, annealed, greedyPivots(mesh, GreedyOrder::kBeside), greedyPivots(mesh, GreedyOrder::kApart),
           parallelPivots(mesh, 0), parallelPivots(mesh, 1), parallelPivots(mesh, 2)}) {
         const std::vector<std::vector<int32_t>> strips = readTriangleStrips(mesh, pivots);
         EXPECT_EQ(strips.size(), countTriangleStrips(mesh, pivots));

@@ -71,8 +71,8 @@ TEST(PrimitiveBuilding, SingleFacesBecomeLists) {
     const PolygonPrimitives polygon = buildPrimitives(faces, {});
     ASSERT_EQ(polygon.groups.size(), 1u);
     ASSERT_EQ(polygon.groups[0].primitives.size(), 2u);
-    EXPECT_EQ(polygon.groups[0].primitives[0].type, PrimitiveType::quads);
-    EXPECT_EQ(polygon.groups[0].primitives[1].type, PrimitiveType::triangles);
+    EXPECT_EQ(polygon.groups[0].primitives[0].type, PrimitiveType::kQuads);
+    EXPECT_EQ(polygon.groups[0].primitives[1].type, PrimitiveType::kTriangles);
     EXPECT_EQ(polygon.groups[0].vertexCount, 7);
     EXPECT_TRUE(sendsFaces(polygon, faces, 0));
 }
@@ -127,8 +127,8 @@ TEST(PrimitiveBuilding, WithoutStripsThereAreTwoListsInFaceOrder) {
     const PolygonPrimitives polygon = buildPrimitives(faces, options);
     ASSERT_EQ(polygon.groups.size(), 1u);
     ASSERT_EQ(polygon.groups[0].primitives.size(), 2u);
-    EXPECT_EQ(polygon.groups[0].primitives[0].type, PrimitiveType::quads);
-    EXPECT_EQ(polygon.groups[0].primitives[1].type, PrimitiveType::triangles);
+    EXPECT_EQ(polygon.groups[0].primitives[0].type, PrimitiveType::kQuads);
+    EXPECT_EQ(polygon.groups[0].primitives[1].type, PrimitiveType::kTriangles);
     std::vector<Corner> quads;
     std::vector<Corner> triangles;
     for (const FaceCorners& face : facesOf(faces)) {
@@ -149,7 +149,7 @@ TEST(PrimitiveBuilding, SmoothGridSendsFewerThanSixTenths) {
 TEST(PrimitiveBuilding, GridOfQuadsIsAsManyStripsAsRows) {
     // Each strip of 20 quads sends 42 vertices.
     PrimitiveOptions options;
-    options.effort = StripEffort::thorough;
+    options.effort = StripEffort::kThorough;
     EXPECT_EQ(verticesOf(buildPrimitives(makeGrid(20), options)), 20 * 42);
 }
 
@@ -173,7 +173,7 @@ TEST(PrimitiveBuilding, HardEdgesKeepFacesApart) {
         faces.corners[i].normal = static_cast<int32_t>(i / 4);
     const PolygonPrimitives polygon = buildPrimitives(faces, {});
     ASSERT_EQ(polygon.groups[0].primitives.size(), 1u);
-    EXPECT_EQ(polygon.groups[0].primitives[0].type, PrimitiveType::quads);
+    EXPECT_EQ(polygon.groups[0].primitives[0].type, PrimitiveType::kQuads);
 }
 
 TEST(PrimitiveBuilding, SplittingIsDoneOnlyWhereItSavesVertices) {
@@ -211,9 +211,9 @@ TEST(PrimitiveBuilding, QuadsMaySplitAsLongAsTheModelFitsIntoPolygonMemory) {
 }
 
 TEST(PrimitiveBuilding, ModelsThatTheConsoleCanShowGetTheThoroughEffort) {
-    EXPECT_EQ(stripEffortFor(0), StripEffort::thorough);
-    EXPECT_EQ(stripEffortFor(4095), StripEffort::thorough);
-    EXPECT_EQ(stripEffortFor(4096), StripEffort::standard);
+    EXPECT_EQ(stripEffortFor(0), StripEffort::kThorough);
+    EXPECT_EQ(stripEffortFor(4095), StripEffort::kThorough);
+    EXPECT_EQ(stripEffortFor(4096), StripEffort::kStandard);
 }
 
 TEST(PrimitiveBuilding, ProgressRisesToOne) {
@@ -224,7 +224,7 @@ TEST(PrimitiveBuilding, ProgressRisesToOne) {
     std::vector<double> groups;
     PrimitiveOptions options;
     options.progress = [&](PrimitiveStep step, double done) {
-        (step == PrimitiveStep::makeStrips ? strips : groups).push_back(done);
+        (step == PrimitiveStep::kMakeStrips ? strips : groups).push_back(done);
     };
     buildPrimitives(makeRandomFaces(settings), options);
     for (const std::vector<double>& told : {strips, groups}) {
@@ -320,7 +320,7 @@ TEST_P(RandomPrimitives, SendEveryFaceOnceWithoutStrips) {
         const PolygonPrimitives polygon = buildPrimitives(faces, options);
         ASSERT_TRUE(isWellFormed(polygon)) << size;
         ASSERT_TRUE(sendsFaces(polygon, faces, 0)) << size;
-        EXPECT_EQ(facesSent(polygon, PrimitiveType::triangleStrip) + facesSent(polygon, PrimitiveType::quadStrip), 0);
+        EXPECT_EQ(facesSent(polygon, PrimitiveType::kTriangleStrip) + facesSent(polygon, PrimitiveType::kQuadStrip), 0);
     }
 }
 
@@ -343,12 +343,12 @@ TEST_P(RandomPrimitives, MoreSplitsNeverSendMoreVertices) {
 
 TEST_P(RandomPrimitives, ThoroughEffortKeepsThePromises) {
     PrimitiveOptions options = withSplits(kAll);
-    options.effort = StripEffort::thorough;
+    options.effort = StripEffort::kThorough;
     const FaceList faces = make(300, 5);
     const PolygonPrimitives polygon = buildPrimitives(faces, options);
     EXPECT_TRUE(isWellFormed(polygon));
     EXPECT_TRUE(sendsFaces(polygon, faces, kAll));
-    options.effort = StripEffort::standard;
+    options.effort = StripEffort::kStandard;
     EXPECT_LE(verticesOf(polygon), verticesOf(buildPrimitives(faces, options)));
 }
 

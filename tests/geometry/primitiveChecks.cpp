@@ -66,19 +66,19 @@ bool removeHalves(Faces& sent, const FaceCorners& quad) {
 AssertionResult checkPrimitive(const Primitive& primitive) {
     const std::size_t count = primitive.vertices.size();
     switch (primitive.type) {
-    case PrimitiveType::triangles:
+    case PrimitiveType::kTriangles:
         if (count < 3 || count % 3 != 0)
             return AssertionFailure() << "triangles of " << count << " vertices";
         break;
-    case PrimitiveType::quads:
+    case PrimitiveType::kQuads:
         if (count < 4 || count % 4 != 0)
             return AssertionFailure() << "quads of " << count << " vertices";
         break;
-    case PrimitiveType::triangleStrip:
+    case PrimitiveType::kTriangleStrip:
         if (count < 4)
             return AssertionFailure() << "a triangle strip of " << count << " vertices";
         break;
-    case PrimitiveType::quadStrip:
+    case PrimitiveType::kQuadStrip:
         if (count < 6 || count % 2 != 0)
             return AssertionFailure() << "a quad strip of " << count << " vertices";
         break;
@@ -141,19 +141,19 @@ std::vector<FaceCorners> decodePrimitive(const Primitive& primitive) {
     const std::vector<Corner>& v = primitive.vertices;
     std::vector<FaceCorners> faces;
     switch (primitive.type) {
-    case PrimitiveType::triangles:
+    case PrimitiveType::kTriangles:
         for (std::size_t i = 0; i + 2 < v.size(); i += 3)
             faces.push_back({v[i], v[i + 1], v[i + 2]});
         break;
-    case PrimitiveType::quads:
+    case PrimitiveType::kQuads:
         for (std::size_t i = 0; i + 3 < v.size(); i += 4)
             faces.push_back({v[i], v[i + 1], v[i + 2], v[i + 3]});
         break;
-    case PrimitiveType::triangleStrip:
+    case PrimitiveType::kTriangleStrip:
         for (std::size_t i = 0; i + 2 < v.size(); ++i)
             faces.push_back(i % 2 == 0 ? FaceCorners{v[i], v[i + 1], v[i + 2]} : FaceCorners{v[i + 1], v[i], v[i + 2]});
         break;
-    case PrimitiveType::quadStrip:
+    case PrimitiveType::kQuadStrip:
         for (std::size_t i = 0; i + 3 < v.size(); i += 2)
             faces.push_back({v[i], v[i + 1], v[i + 3], v[i + 2]});
         break;

@@ -57,8 +57,8 @@ TEST(PrimitiveOrder, QuadStripsThenTriangleStripsThenLists) {
     faces.triangleStrips = {verticesOn({0, 0, 0, 0})};
     faces.quadStrips = {verticesOn({0, 0, 0, 0, 0, 0})};
     EXPECT_EQ(typesOf(orderPrimitives(faces, -1, true)),
-              (std::vector<PrimitiveType>{PrimitiveType::quadStrip, PrimitiveType::triangleStrip, PrimitiveType::quads,
-                                          PrimitiveType::triangles}));
+              (std::vector<PrimitiveType>{PrimitiveType::kQuadStrip, PrimitiveType::kTriangleStrip,
+                                          PrimitiveType::kQuads, PrimitiveType::kTriangles}));
 }
 
 TEST(PrimitiveOrder, NextStripBeginsWithTheCurrentMatrixElseTheFirstWaiting) {
@@ -101,7 +101,7 @@ TEST(PrimitiveOrder, LaterGroupBeginsWithATurnedFaceWhenNoStripFits) {
     faces.quadStrips = {verticesOn({5, 5, 5, 5, 5, 6})};
     faces.triangles = {verticesOn({5, 5, 5}), verticesOn({5, 5, 6})};
     const std::vector<Primitive> primitives = orderPrimitives(faces, 5, true);
-    EXPECT_EQ(typesOf(primitives), (std::vector<PrimitiveType>{PrimitiveType::triangles, PrimitiveType::quadStrip}));
+    EXPECT_EQ(typesOf(primitives), (std::vector<PrimitiveType>{PrimitiveType::kTriangles, PrimitiveType::kQuadStrip}));
     EXPECT_EQ(primitives[0].vertices[0].matrix, 6);
 }
 
@@ -116,7 +116,7 @@ TEST(PrimitiveOrder, StripIsBrokenOpenWhereverItsOnlyOtherMatrixIs) {
                 LooseFaces faces;
                 const std::vector<Corner> strip = verticesOn(matrices);
                 (isQuads ? faces.quadStrips : faces.triangleStrips) = {strip};
-                const PrimitiveType type = isQuads ? PrimitiveType::quadStrip : PrimitiveType::triangleStrip;
+                const PrimitiveType type = isQuads ? PrimitiveType::kQuadStrip : PrimitiveType::kTriangleStrip;
                 const std::vector<Primitive> primitives = orderPrimitives(faces, 5, true);
                 ASSERT_EQ(primitives[0].vertices[0].matrix, 6) << count << ' ' << at;
                 EXPECT_EQ(facesIn(primitives), facesIn({Primitive{type, strip}})) << count << ' ' << at;

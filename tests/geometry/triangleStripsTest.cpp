@@ -28,8 +28,8 @@ int64_t verticesSent(const FaceList& faces, StripEffort effort) {
 TEST(TriangleStrips, RandomSheetsAreCoveredAtEitherEffort) {
     for (uint32_t seed = 0; seed < 4; ++seed) {
         const StripMesh mesh = makeRandomTriangles(200, seed);
-        const std::vector<std::vector<int32_t>> quick = buildTriangleStrips(mesh, StripEffort::standard);
-        const std::vector<std::vector<int32_t>> thorough = buildTriangleStrips(mesh, StripEffort::thorough);
+        const std::vector<std::vector<int32_t>> quick = buildTriangleStrips(mesh, StripEffort::kStandard);
+        const std::vector<std::vector<int32_t>> thorough = buildTriangleStrips(mesh, StripEffort::kThorough);
         EXPECT_EQ(sortedTriangles(quick), sortedTriangles(mesh));
         EXPECT_EQ(sortedTriangles(thorough), sortedTriangles(mesh));
         EXPECT_LE(thorough.size(), quick.size());
@@ -41,7 +41,7 @@ TEST(TriangleStrips, LargeMeshesAreCoveredPatchByPatch) {
     sortIntoPatches(mesh);
     std::vector<double> told;
     const std::vector<std::vector<int32_t>> strips =
-        buildTriangleStrips(mesh, StripEffort::standard, [&](double done) { told.push_back(done); });
+        buildTriangleStrips(mesh, StripEffort::kStandard, [&](double done) { told.push_back(done); });
     EXPECT_EQ(sortedTriangles(strips), sortedTriangles(mesh));
     EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
     EXPECT_EQ(told.back(), 1);
@@ -56,7 +56,7 @@ TEST_P(KnownMeshes, SendNoMoreThanTheBestStripperKnown) {
     ASSERT_FALSE(faces.sizes.empty());
     // The figures have three decimals.
     const double most = (reference.bestPeer + 0.0005) * static_cast<double>(faces.sizes.size());
-    EXPECT_LE(static_cast<double>(verticesSent(faces, StripEffort::standard)), most);
+    EXPECT_LE(static_cast<double>(verticesSent(faces, StripEffort::kStandard)), most);
 }
 
 INSTANTIATE_TEST_SUITE_P(Meshes, KnownMeshes, testing::ValuesIn(stripReferences()),
@@ -69,13 +69,13 @@ INSTANTIATE_TEST_SUITE_P(Meshes, KnownMeshes, testing::ValuesIn(stripReferences(
 TEST(TriangleStrips, ProvenFloorIsReachedOnTheCylinder) {
     const FaceList faces = onlyTriangles(readStripMesh(TVK_BENCH_DATA, "skin-cylinder"));
     ASSERT_EQ(faces.sizes.size(), 1680u);
-    EXPECT_EQ(verticesSent(faces, StripEffort::standard), 1680 + 2 * 40);
+    EXPECT_EQ(verticesSent(faces, StripEffort::kStandard), 1680 + 2 * 40);
 }
 
 TEST(TriangleStrips, ThoroughEffortBeatsEveryResultKnownOnTheCloth) {
     // 374 triangles in 24 strips were the best.
     const FaceList faces = onlyTriangles(readStripMesh(TVK_BENCH_DATA, "cloth-quad"));
-    EXPECT_LT(verticesSent(faces, StripEffort::thorough), 374 + 2 * 24);
+    EXPECT_LT(verticesSent(faces, StripEffort::kThorough), 374 + 2 * 24);
 }
 
 } // namespace
