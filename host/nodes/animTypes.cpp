@@ -3,6 +3,7 @@
 #include "host/nodes/blendCompute.h"
 #include "host/nodes/curveCompute.h"
 #include "host/nodes/expressionCompute.h"
+#include "host/nodes/layerCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 #include "host/nodes/utilityCompute.h"
@@ -213,21 +214,35 @@ constexpr AttributeRow kClipScheduler[] = {
     {"blendList", "bl", "any", {}, 0, kArray},
 };
 
+// What layers tell each other: a parent its children (weight, mute, whether one of them is alone), a child its parent.
 constexpr AttributeRow kAnimLayer[] = {
-    {"parentLayer", "pal", "message"},
-    {"childrenLayers", "cdl", "message", {}, 0, kArray},
-    {"attributeList", "al", "any", {}, 0, kArray},
-    {"blendNodes", "bnd", "message", {}, 0, kArray},
-    {"mute", "mu", "bool"},
-    {"solo", "sl", "bool"},
+    {"parentLayer", "plyr", "message"},
+    {"childrenLayers", "cdly", "any", {}, 0, kArray | kUnordered},
+    {"blendNodes", "bnds", "message", {}, 0, kArray | kUnordered},
+    {"mute", "mute", "bool", {}, 0, kKeyable},
+    {"solo", "sl", "bool", {}, 0, kKeyable},
     {"lock", "lo", "bool"},
-    {"override", "or", "bool"},
-    {"passthrough", "pth", "bool", {}, 1},
-    {"weight", "wgt", "double", {}, 1},
-    {"foregroundWeight", "fgw", "double", {}, 1},
-    {"backgroundWeight", "bgw", "double", {}, 1},
-    {"rotationAccumulationMode", "ram", "enum"},
-    {"scaleAccumulationMode", "sam", "enum"},
+    {"override", "ovrd", "bool", {}, 0, kKeyable},
+    {"passthrough", "pth", "bool", {}, 1, kKeyable},
+    {"preferred", "pref", "bool"},
+    {"selected", "slct", "bool"},
+    {"collapse", "clps", "bool"},
+    {"ghost", "ghst", "bool"},
+    {"ghostColor", "ghc", "short"},
+    {"playing", "play", "bool"},
+    {"weight", "wgt", "double", {}, 1, kKeyable},
+    {"parentWeight", "pwth", "double", {}, 1},
+    {"parentMute", "pmte", "bool"},
+    {"siblingSolo", "sslo", "bool"},
+    {"childsoloed", "chsl", "bool", {}, 0, kArray | kUnordered},
+    {"rotationAccumulationMode", "ram", "enum", {}, 0, 0, "Component:Layer"},
+    {"scaleAccumulationMode", "sam", "enum", {}, 0, 0, "Multiply:Additive"},
+    {"foregroundWeight", "fgwt", "double", {}, 1, kComputed},
+    {"backgroundWeight", "bgwt", "double", {}, 1, kComputed},
+    {"outMute", "omte", "bool", {}, 0, kComputed},
+    {"childSoloedOut", "csol", "bool", {}, 0, kComputed},
+    {"outRotationAccumulationMode", "oram", "enum", {}, 0, kComputed, "Component:Layer"},
+    {"outScaleAccumulationMode", "osam", "enum", {}, 0, kComputed, "Multiply:Additive"},
 };
 
 constexpr AttributeRow kAnimBlend[] = {
@@ -251,21 +266,21 @@ constexpr AttributeRow kBlendTime[] = {
 constexpr AttributeRow kBlendScale[] = {
     {"inputA", "ia", "double", {}, 1},
     {"inputB", "ib", "double", {}, 1},
-    {"accumulationMode", "acm", "enum"},
+    {"accumulationMode", "acm", "enum", {}, 0, 0, "Multiply:Additive"},
     {"output", "o", "double", {}, 1, kComputed},
 };
 constexpr AttributeRow kBlendRotation[] = {
     {"inputA", "ia", "angle3", "XYZ"},
     {"inputB", "ib", "angle3", "XYZ"},
     {"rotateOrder", "ro", "enum", {}, 0, 0, "xyz:yzx:zxy:xzy:yxz:zyx"},
-    {"accumulationMode", "acm", "enum"},
+    {"accumulationMode", "acm", "enum", {}, 0, 0, "Component:Layer"},
     {"rotationInterpolation", "rotI", "enum"},
     {"output", "o", "angle3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kMute[] = {
     {"input", "i", "any"},
-    {"output", "o", "any"},
+    {"output", "o", "any", {}, 0, kComputed},
     {"mute", "m", "bool"},
     {"hold", "h", "any"},
 };
@@ -273,7 +288,8 @@ constexpr AttributeRow kMute[] = {
 constexpr TypeBehaviour kCurve{DagRole::kNone, computeAnimCurve};
 constexpr TypeBehaviour kTimeCurve{DagRole::kNone, computeAnimCurve, "input"};
 constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
-constexpr TypeBehaviour kLayered{DagRole::kNone, computeAnimBlend, {}, true};
+constexpr TypeBehaviour kLayered{DagRole::kNone, computeLayeredNumber};
+constexpr TypeBehaviour kLayeredChoice{DagRole::kNone, computeLayeredChoice};
 
 constexpr TypeRow kTypes[] = {
     {"animCurve", "dependNode", api::kAnimCurve, kAnimCurve},
@@ -303,10 +319,10 @@ constexpr TypeRow kTypes[] = {
     {"animClip", "dependNode", api::kClip, kAnimClip},
     {"clipLibrary", "dependNode", api::kClipLibrary, kClipLibrary},
     {"clipScheduler", "dependNode", api::kClipScheduler, kClipScheduler},
-    {"animLayer", "dependNode", api::kAnimLayer, kAnimLayer, kNotEvaluated},
-    {"animBlendNodeBase", "dependNode", api::kBlendNodeBase, kAnimBlend, kNotEvaluated},
-    {"animBlendNodeBoolean", "animBlendNodeBase", api::kBlendNodeBoolean, kBlendBool, kLayered},
-    {"animBlendNodeEnum", "animBlendNodeBase", api::kBlendNodeEnum, kBlendWhole, kLayered},
+    {"animLayer", "objectSet", api::kAnimLayer, kAnimLayer, {DagRole::kNone, computeAnimLayer}},
+    {"animBlendNodeBase", "dependNode", api::kBlendNodeBase, kAnimBlend},
+    {"animBlendNodeBoolean", "animBlendNodeBase", api::kBlendNodeBoolean, kBlendBool, kLayeredChoice},
+    {"animBlendNodeEnum", "animBlendNodeBase", api::kBlendNodeEnum, kBlendWhole, kLayeredChoice},
     {"animBlendNodeAdditive", "animBlendNodeBase", api::kBlendNodeDouble, kBlendDouble, kLayered},
     {"animBlendNodeAdditiveDA", "animBlendNodeBase", api::kBlendNodeDoubleAngle, kBlendAngle, kLayered},
     {"animBlendNodeAdditiveDL", "animBlendNodeBase", api::kBlendNodeDoubleLinear, kBlendLength, kLayered},
@@ -315,10 +331,18 @@ constexpr TypeRow kTypes[] = {
     {"animBlendNodeAdditiveFL", "animBlendNodeBase", api::kBlendNodeFloatLinear, kBlendLength, kLayered},
     {"animBlendNodeAdditiveI16", "animBlendNodeBase", api::kBlendNodeInt16, kBlendWhole, kLayered},
     {"animBlendNodeAdditiveI32", "animBlendNodeBase", api::kBlendNodeInt32, kBlendWhole, kLayered},
-    {"animBlendNodeAdditiveRotation", "animBlendNodeBase", api::kBlendNodeAdditiveRotation, kBlendRotation, kLayered},
-    {"animBlendNodeAdditiveScale", "animBlendNodeBase", api::kBlendNodeAdditiveScale, kBlendScale, kLayered},
+    {"animBlendNodeAdditiveRotation",
+     "animBlendNodeBase",
+     api::kBlendNodeAdditiveRotation,
+     kBlendRotation,
+     {DagRole::kNone, computeLayeredRotation}},
+    {"animBlendNodeAdditiveScale",
+     "animBlendNodeBase",
+     api::kBlendNodeAdditiveScale,
+     kBlendScale,
+     {DagRole::kNone, computeLayeredScale}},
     {"animBlendNodeTime", "animBlendNodeBase", api::kBlendNodeTime, kBlendTime, kLayered},
-    {"mute", "dependNode", api::kMute, kMute, kNotEvaluated},
+    {"mute", "dependNode", api::kMute, kMute, {DagRole::kNone, computeMute}},
     {"motionPath", "dependNode", api::kMotionPath, kNotEvaluated},
     {"timeWarp", "dependNode", api::kTimeWarp, kNotEvaluated},
 };

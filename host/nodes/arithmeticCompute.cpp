@@ -60,6 +60,20 @@ bool holds(double operation, double first, double second) {
     }
 }
 
+/// Gives an output of any kind what an input of any kind holds. Such an input answers every question but the one that
+/// fits what it holds with nothing.
+void handOn(Evaluation& evaluation, Node& node, const PlugAddress& from, const PlugAddress& output) {
+    if (DataPtr data = evaluation.data(node, from)) {
+        evaluation.putData(node, output, std::move(data));
+    } else if (std::string text = evaluation.string(node, from); !text.empty()) {
+        evaluation.putString(node, output, std::move(text));
+    } else if (const Matrix44 matrix = evaluation.matrix(node, from); matrix != Matrix44()) {
+        evaluation.putMatrix(node, output, matrix);
+    } else {
+        evaluation.putNumber(node, output, evaluation.number(node, from));
+    }
+}
+
 } // namespace
 
 void computeMultiplyDivide(Evaluation& evaluation, Node& node, const PlugAddress& output) {
@@ -148,20 +162,17 @@ void computeChoice(Evaluation& evaluation, Node& node, const PlugAddress& output
     static const AttrIndex kSelector = node.type().find("selector");
     static const AttrIndex kInput = node.type().find("input");
     const double selector = evaluation.number(node, kSelector);
-    if (!(selector >= 0.0 && selector < 2147483647.0)) {
-        return;
+    if (selector >= 0.0 && selector < 2147483647.0) {
+        handOn(evaluation, node, PlugAddress{kInput, 0, {}}.element(static_cast<std::int32_t>(selector)), output);
     }
-    // An attribute of any kind answers every question but the one that fits what it holds with nothing.
-    const PlugAddress chosen = PlugAddress{kInput, 0, {}}.element(static_cast<std::int32_t>(selector));
-    if (DataPtr data = evaluation.data(node, chosen)) {
-        evaluation.putData(node, output, std::move(data));
-    } else if (std::string text = evaluation.string(node, chosen); !text.empty()) {
-        evaluation.putString(node, output, std::move(text));
-    } else if (const Matrix44 matrix = evaluation.matrix(node, chosen); matrix != Matrix44()) {
-        evaluation.putMatrix(node, output, matrix);
-    } else {
-        evaluation.putNumber(node, output, evaluation.number(node, chosen));
-    }
+}
+
+void computeMute(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    static const AttrIndex kMute = node.type().find("mute");
+    static const AttrIndex kInput = node.type().find("input");
+    static const AttrIndex kHold = node.type().find("hold");
+    const bool isMuted = evaluation.number(node, kMute) != 0.0;
+    handOn(evaluation, node, {isMuted ? kHold : kInput, 0, {}}, output);
 }
 
 } // namespace host

@@ -19,5 +19,7 @@ void computeBlendTwoAttr(Evaluation& evaluation, Node& node, const PlugAddress& 
 void computeBlendWeighted(Evaluation& evaluation, Node& node, const PlugAddress& output);
 /// choice: the element of `input` that the selector names, of whatever kind; one that is not there is 0.
 void computeChoice(Evaluation& evaluation, Node& node, const PlugAddress& output);
+/// mute: its input, of whatever kind; while it mutes, what it holds.
+void computeMute(Evaluation& evaluation, Node& node, const PlugAddress& output);
 
 } // namespace host

@@ -76,10 +76,4 @@ void computePairBlend(Evaluation& evaluation, Node& node, const PlugAddress& out
                                evaluation.number(node, attr.translate2 + axis), weight));
 }
 
-void computeAnimBlend(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    const AttrIndex first = node.type().find("inputA");
-    const AttrIndex own = node.type().find("output");
-    evaluation.putNumber(node, output, evaluation.number(node, first + (output.attr - own)));
-}
-
 } // namespace host

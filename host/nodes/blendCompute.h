@@ -8,8 +8,4 @@ namespace host {
 /// rotations as a whole by quaternions when rotInterpolation says so.
 void computePairBlend(Evaluation& evaluation, Node& node, const PlugAddress& output);
 
-/// The nodes with which animation layers blend: inputA, which is the animation below the layer. Layers are not
-/// evaluated.
-void computeAnimBlend(Evaluation& evaluation, Node& node, const PlugAddress& output);
-
 } // namespace host

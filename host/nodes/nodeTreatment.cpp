@@ -20,7 +20,6 @@ constexpr Consequence kConsequences[] = {
     {"polyModifier", Treatment::kPassedThrough, kPasses},      {"geometryFilter", Treatment::kRefused, kPasses},
     {"copyColorSet", Treatment::kPassedThrough, kPasses},      {"polyBase", Treatment::kKept, kMakesNothing},
     {"nurbsTessellate", Treatment::kKept, kMakesNothing},      {"subdToPoly", Treatment::kKept, kMakesNothing},
-    {"animBlendNodeBase", Treatment::kPassedThrough, kPasses},
 };
 constexpr Consequence kUsual{"", Treatment::kKept, "keeps its stored values"};
 

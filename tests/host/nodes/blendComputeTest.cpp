@@ -58,29 +58,5 @@ TEST_F(PairBlend, FollowsItsInputs) {
     EXPECT_EQ(number(joint, "tx"), 7.0);
 }
 
-class AnimBlend : public GraphFixture {};
-
-TEST_F(AnimBlend, PassesTheAnimationBelowTheLayer) {
-    Node& joint = make("joint", "joint1");
-    Node& lengths = make("animBlendNodeAdditiveDL", "blend1");
-    Node& rotations = make("animBlendNodeAdditiveRotation", "blend2");
-    Node& scales = make("animBlendNodeAdditiveScale", "blend3");
-    Node& visibility = make("animBlendNodeBoolean", "blend4");
-    EXPECT_EQ(number(scales, "output"), 1.0);
-    set(lengths, "inputA", 3);
-    set(lengths, "inputB", 4);
-    set3(rotations, "inputA", 0.1, 0.2, 0.3);
-    set3(rotations, "inputB", 7, 7, 7);
-    set(visibility, "inputB", 1);
-    connect(lengths, "output", joint, "ty");
-    connect(rotations, "ox", joint, "rx");
-    connect(rotations, "oz", joint, "rz");
-    connect(visibility, "o", joint, "v");
-    EXPECT_EQ(number(joint, "ty"), 3.0);
-    EXPECT_EQ(number(joint, "rx"), 0.1);
-    EXPECT_EQ(number(joint, "rz"), 0.3);
-    EXPECT_EQ(number(joint, "v"), 0.0);
-}
-
 } // namespace
 } // namespace host

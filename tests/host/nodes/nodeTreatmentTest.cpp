@@ -16,7 +16,7 @@ protected:
 TEST_F(NodeTreatment, IsThatOfTheTables) {
     EXPECT_EQ(of("skinCluster"), Treatment::kEvaluated);
     EXPECT_EQ(of("lambert"), Treatment::kHeld);
-    EXPECT_EQ(of("motionPath"), Treatment::kKept);
+    EXPECT_EQ(of("pointOnPolyConstraint"), Treatment::kKept);
     EXPECT_EQ(of("wrap"), Treatment::kRefused);
     EXPECT_EQ(treatmentOf(types.addUnknown("fancyRig", "transform")), Treatment::kKept);
 }
