@@ -8,7 +8,6 @@
 
 #include <filesystem>
 #include <optional>
-#include <system_error>
 
 namespace host::app {
 
@@ -40,25 +39,6 @@ std::optional<std::string> takeOptions(Host& host, Console& console, const Comma
         }
     }
     return options + optionString(commandLine);
-}
-
-/// The base without the ending of a kind, which users may write as well.
-std::string withoutKind(const std::string& base) {
-    for (const OutputKind& kind : kOutputKinds) {
-        const std::string end = std::string(".") + kind.ending;
-        if (base.size() > end.size() && base.compare(base.size() - end.size(), end.size(), end) == 0) {
-            return base.substr(0, base.size() - end.size());
-        }
-    }
-    return base;
-}
-
-/// Relative to the current folder when the file is in it or below.
-std::string shownPath(const std::string& path) {
-    std::error_code error;
-    const fs::path relative = fs::u8path(path).lexically_relative(fs::current_path(error));
-    const bool isBelow = !relative.empty() && *relative.begin() != "..";
-    return isBelow ? relative.generic_u8string() : path;
 }
 
 } // namespace

@@ -32,6 +32,23 @@ std::string outputBase(const std::string& output, const std::string& scene) {
     return (isFolder ? path / fs::u8path(sceneName(scene)) : path).generic_u8string();
 }
 
+std::string withoutKind(const std::string& base) {
+    for (const OutputKind& kind : kOutputKinds) {
+        const std::string end = std::string(".") + kind.ending;
+        if (base.size() > end.size() && base.compare(base.size() - end.size(), end.size(), end) == 0) {
+            return base.substr(0, base.size() - end.size());
+        }
+    }
+    return base;
+}
+
+std::string shownPath(const std::string& path) {
+    std::error_code error;
+    const fs::path relative = fs::u8path(path).lexically_relative(fs::current_path(error));
+    const bool isBelow = !relative.empty() && *relative.begin() != "..";
+    return isBelow ? relative.generic_u8string() : path;
+}
+
 OutputFolder::~OutputFolder() {
     std::error_code error;
     if (made_) {

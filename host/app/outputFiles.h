@@ -14,6 +14,12 @@ namespace host::app {
 /// folder. A base that is a folder, or ends in '/', takes the scene's name within it.
 std::string outputBase(const std::string& output, const std::string& scene);
 
+/// The base without the ending of a kind, which users may write as well.
+std::string withoutKind(const std::string& base);
+
+/// A path as messages show it: relative to the current folder when the file is in it or below.
+std::string shownPath(const std::string& path);
+
 /// The folder that files go to. Made when its parent exists, and removed at the end if it was made and is still empty.
 class OutputFolder {
 public:

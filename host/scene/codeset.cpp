@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 
 #include <iconv.h>
 
@@ -162,6 +163,18 @@ DecodedText decodeToUtf8(std::string_view fileText) {
     decoded.hasBrokenText = !converter.convert(fileText, decoded.storage);
     decoded.isChanged = true;
     return decoded;
+}
+
+std::string toUtf8(std::string_view text, std::string_view codeset) {
+    std::string result;
+    Converter converter(codeset);
+    if (converter.isKnown()) {
+        converter.convert(text, result);
+    } else {
+        std::transform(text.begin(), text.end(), std::back_inserter(result),
+                       [](char byte) { return static_cast<unsigned char>(byte) < 0x80 ? byte : '?'; });
+    }
+    return result;
 }
 
 } // namespace host

@@ -22,4 +22,8 @@ struct DecodedText {
 /// Pure ASCII and valid UTF-8 are never copied.
 DecodedText decodeToUtf8(std::string_view fileText);
 
+/// Text of a codeset, named as scene files name theirs, in UTF-8: '?' stands for each byte that is no text in it, and for
+/// each that is not ASCII when the system does not know the codeset.
+std::string toUtf8(std::string_view text, std::string_view codeset);
+
 } // namespace host

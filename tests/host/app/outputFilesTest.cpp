@@ -41,6 +41,20 @@ TEST_F(OutputFilesTest, theBaseIsTheUsersOrTheScenes) {
     EXPECT_EQ(outputBase("/elsewhere/base", "x.ma"), "/elsewhere/base");
 }
 
+TEST(outputFiles, endingsOfKindsAreNoPartOfTheBase) {
+    EXPECT_EQ(withoutKind("out/base.imd"), "out/base");
+    EXPECT_EQ(withoutKind("out/base.v2.ita"), "out/base.v2");
+    EXPECT_EQ(withoutKind("base.ma"), "base.ma");
+    EXPECT_EQ(withoutKind("base.IMD"), "base.IMD");
+    EXPECT_EQ(withoutKind(".imd"), ".imd");
+}
+
+TEST_F(OutputFilesTest, pathsAreShownFromTheCurrentFolder) {
+    EXPECT_EQ(shownPath(folder + "/out/base.imd"), "out/base.imd");
+    EXPECT_EQ(shownPath("out/base.imd"), "out/base.imd");
+    EXPECT_EQ(shownPath("/elsewhere/base.imd"), "/elsewhere/base.imd");
+}
+
 TEST_F(OutputFilesTest, foldersThatCannotBeUsedAreTold) {
     write("file", "");
     EXPECT_EQ(OutputFolder(folder + "/file/").prepare(), "the output folder is a file: " + folder + "/file");

@@ -84,6 +84,13 @@ TEST(CodesetDecoding, CopiesNothingThatIsRight) {
     EXPECT_TRUE(decodeToUtf8("//Codeset: 1252\n\xE4").isChanged);
 }
 
+TEST(CodesetDecoding, TextComesAsUtf8WhateverItIs) {
+    EXPECT_EQ(toUtf8("\x83\x65\x83\x58.imd", "932"), "\xE3\x83\x86\xE3\x82\xB9.imd");
+    EXPECT_EQ(toUtf8("a\x83", "932"), "a?");
+    EXPECT_EQ(toUtf8("a\xE4", "zebra"), "a?");
+    EXPECT_EQ(toUtf8("", "932"), "");
+}
+
 } // namespace
 
 } // namespace host
