@@ -34,6 +34,9 @@ void addModes(CLI::App& app, CommandLine& line, std::string& target, std::string
     app.add_option("--batch", line.batch, "export the scenes of a list file")->type_name("LIST.z3be");
     app.add_option("--jobs", jobs, "share the scenes of the list among so many processes")->type_name("N");
     app.add_flag("--print-jobs", line.printsJobs, "print a shell command for each scene of the list, and run none");
+    app.add_option("--report-of", line.reportOf,
+                   "print what exported files cost the console: BASE.imd and those beside it")
+        ->type_name("BASE");
     app.add_flag("--check", line.checksNames, "print the names of the scene that are too long for the console");
     app.add_option("--target", target, "what to check: all (default), or selection: the --select'ed nodes")
         ->type_name("all|selection");
@@ -64,6 +67,9 @@ void addOptions(CLI::App& app, CommandLine& line) {
     app.add_option("--project", line.project, "the project of the scene (default: the one around it)")
         ->type_name("FOLDER");
     app.add_option("--plugin", line.plugin, "the exporter's library")->type_name("PATH");
+    app.add_flag("--report", line.reports, "after the export, print what its files cost the console");
+    app.add_option("--report-json", line.reportJson, "after the export, write that to a file as JSON")
+        ->type_name("FILE");
     app.add_flag("--strict", line.strict, "exit status 2 when there were warnings");
     app.add_flag("-q,--quiet", line.quiet, "print warnings and errors only");
     app.add_flag("--no-progress", line.noProgress, "no status line on a terminal");
@@ -125,7 +131,22 @@ std::string checkUse(const CommandLine& line, const GivenOptions& given) {
     if (given.target && !line.checksNames) {
         return "--target goes with --check only";
     }
-    return line.scene.empty() && !line.runsScripts() && !batches ? "no scene was named" : "";
+    const bool needsScene = !line.runsScripts() && !batches && line.reportOf.empty();
+    return line.scene.empty() && needsScene ? "no scene was named" : "";
+}
+
+/// What is wrong with options that ask for a report; "" when nothing is.
+std::string checkReport(const CommandLine& line, const GivenOptions& given) {
+    const bool isOther = !line.batch.empty() || line.checksNames || line.runsScripts();
+    if (line.reportOf.empty()) {
+        return isOther && (line.reports || !line.reportJson.empty())
+                   ? "--report and --report-json go with the export of a scene, or --report-json with --report-of"
+                   : "";
+    }
+    const bool exports = !line.scene.empty() || given.output || given.select || given.project || line.reports;
+    return isOther || exports
+               ? "--report-of reads what was exported: of the other options only --report-json goes with it"
+               : "";
 }
 
 /// Settles what a check looks at: a selection is given to be looked at. "" on success.
@@ -156,7 +177,7 @@ std::string checkCommandLine(const CLI::App& app, const std::string& target, con
     const auto isGiven = [&](const char* option) { return app.count(option) != 0; };
     const GivenOptions given = {isGiven("--output") || isGiven("--kinds") || isGiven("--settings") || isGiven("--set"),
                                 isGiven("--select"), isGiven("--target"), isGiven("--project")};
-    for (const char* option : {"--batch", "--settings", "--target", "--project"}) {
+    for (const char* option : {"--batch", "--settings", "--target", "--project", "--report-of", "--report-json"}) {
         if (isGiven(option) && app.get_option(option)->as<std::string>().empty()) {
             return std::string(option) + ": the value is empty";
         }
@@ -167,6 +188,9 @@ std::string checkCommandLine(const CLI::App& app, const std::string& target, con
     }
     if (error.empty()) {
         error = checkUse(line, given);
+    }
+    if (error.empty()) {
+        error = checkReport(line, given);
     }
     return error.empty() ? settleTarget(target, given, line) : error;
 }

@@ -5,9 +5,11 @@
 #include "host/app/exporterPlugin.h"
 #include "host/app/outputFiles.h"
 #include "host/app/prepareHost.h"
+#include "host/app/reportFiles.h"
 
 #include <filesystem>
 #include <optional>
+#include <vector>
 
 namespace host::app {
 
@@ -61,10 +63,11 @@ int exportScene(Host& host, Console& console, const CommandLine& commandLine) {
     }
     const OutputFiles files(base);
     const bool isExported = runMel(host, console, exportCommand(commandLine, *options, base)).has_value();
-    for (const WrittenFile& file : files.written()) {
+    const std::vector<WrittenFile> written = files.written();
+    for (const WrittenFile& file : written) {
         console.info("Written: " + shownPath(file.path) + " (" + std::to_string(file.lengthBytes) + " bytes)");
     }
-    if (!isExported) {
+    if (!isExported || !reportExport(console, commandLine, base, written)) {
         return kFailed;
     }
     const bool wasWarned = console.warnings() != 0 || exportWasWarned(host); // warnings may go to a log

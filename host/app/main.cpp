@@ -5,6 +5,7 @@
 #include "host/app/exitStatus.h"
 #include "host/app/exportScene.h"
 #include "host/app/process.h"
+#include "host/app/reportFiles.h"
 #include "host/app/runBatch.h"
 #include "host/app/runScripts.h"
 
@@ -21,6 +22,9 @@ constexpr std::size_t kStackBytes = sizeof(void*) >= 8 ? std::size_t{512} << 20U
 using Use = int (*)(host::Host&, host::app::Console&, const host::app::CommandLine&);
 
 Use useOf(const host::app::CommandLine& commandLine) {
+    if (!commandLine.reportOf.empty()) {
+        return host::app::reportFiles;
+    }
     if (commandLine.runsScripts()) {
         return host::app::runScripts;
     }

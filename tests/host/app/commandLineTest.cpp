@@ -70,6 +70,22 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"a.ma", "--project", ""}, "--project: the value is empty"},
         WrongUsage{{"--batch", "list", "--project", "p"},
                    "--batch takes the project from its list: --project does not go with it"},
+        WrongUsage{{"--report"}, "no scene was named"}, WrongUsage{{"--report-json", "r"}, "no scene was named"},
+        WrongUsage{{"--report-of"}, "--report-of: 1 required BASE missing"},
+        WrongUsage{{"--report-of", ""}, "--report-of: the value is empty"},
+        WrongUsage{{"a.ma", "--report-json", ""}, "--report-json: the value is empty"},
+        WrongUsage{{"--batch", "list", "--report"},
+                   "--report and --report-json go with the export of a scene, or --report-json with --report-of"},
+        WrongUsage{{"a.ma", "--check", "--report-json", "r"},
+                   "--report and --report-json go with the export of a scene, or --report-json with --report-of"},
+        WrongUsage{{"--report-of", "base", "a.ma"},
+                   "--report-of reads what was exported: of the other options only --report-json goes with it"},
+        WrongUsage{{"--report-of", "base", "--report"},
+                   "--report-of reads what was exported: of the other options only --report-json goes with it"},
+        WrongUsage{{"--report-of", "base", "--kinds", "imd"},
+                   "--report-of reads what was exported: of the other options only --report-json goes with it"},
+        WrongUsage{{"--report-of", "base", "--command", "x"},
+                   "--report-of reads what was exported: of the other options only --report-json goes with it"},
         WrongUsage{{"--check"}, "no scene was named"},
         WrongUsage{{"a.ma", "--check", "-o", "x"},
                    "--check exports nothing: -o, --kinds, --settings and --set do not go with it"},
@@ -104,6 +120,17 @@ TEST(commandLine, scriptsNeedNoScene) {
     ASSERT_TRUE(parsed.commandLine.has_value());
     EXPECT_TRUE(parsed.commandLine->runsScripts());
     EXPECT_TRUE(parse({"--script", "x.mel", "a.ma"}).commandLine.has_value());
+}
+
+TEST(commandLine, reportsAreOfAnExportOrOfFiles) {
+    const ParsedCommandLine ofExport = parse({"a.ma", "--report", "--report-json", "r.json"});
+    ASSERT_TRUE(ofExport.commandLine.has_value()) << ofExport.error;
+    EXPECT_TRUE(ofExport.commandLine->reports);
+    EXPECT_EQ(ofExport.commandLine->reportJson, "r.json");
+    const ParsedCommandLine ofFiles = parse({"--report-of", "out/a", "--report-json", "r.json", "--strict", "-q"});
+    ASSERT_TRUE(ofFiles.commandLine.has_value()) << ofFiles.error;
+    EXPECT_EQ(ofFiles.commandLine->reportOf, "out/a");
+    EXPECT_FALSE(ofFiles.commandLine->reports);
 }
 
 TEST(commandLine, aBatchNeedsNoScene) {
