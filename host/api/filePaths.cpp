@@ -2,11 +2,12 @@
 
 #include "host/api/Host.h"
 #include "host/api/SharedLibrary.h"
+#include "host/mel/environment.h"
 
 #include <algorithm>
 #include <cctype>
-#include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <sstream>
 
 namespace host {
@@ -55,7 +56,8 @@ std::string withSeparator(const std::string& folder) {
 }
 
 bool isAbsolutePath(const std::string& path) {
-    return std::filesystem::u8path(path).is_absolute();
+    // On Windows a path may lack its drive, as those of scenes from other systems do.
+    return std::filesystem::u8path(path).has_root_directory();
 }
 
 std::string absolutePath(const std::string& path) {
@@ -72,27 +74,26 @@ std::string absolutePath(const std::string& path) {
 std::string expandPath(const std::string& path) {
     std::string result;
     std::size_t at = 0;
-    const char* home = std::getenv("HOME");
-    if (home != nullptr && (path == "~" || path.compare(0, 2, "~/") == 0)) {
-        result = home;
+    const std::optional<std::string> home = environmentValue("HOME");
+    if (home && (path == "~" || path.compare(0, 2, "~/") == 0)) {
+        result = *home;
         at = 1;
     }
     while (at < path.size()) {
         const Variable variable = path[at] == '$' ? variableAt(path, at) : Variable();
-        const char* value = variable.length != 0 ? std::getenv(variable.name.c_str()) : nullptr;
-        if (value == nullptr) {
+        const std::optional<std::string> value = variable.length != 0 ? environmentValue(variable.name) : std::nullopt;
+        if (!value) {
             result += path[at++];
             continue;
         }
-        result += value;
+        result += *value;
         at += variable.length;
     }
     return result;
 }
 
 std::vector<std::string> searchPath(const char* variable) {
-    const char* value = std::getenv(variable);
-    std::istringstream list(value != nullptr ? value : "");
+    std::istringstream list(environmentValue(variable).value_or(""));
     std::vector<std::string> folders;
     for (std::string folder; std::getline(list, folder, SharedLibrary::pathSeparator());) {
         if (!folder.empty()) {

@@ -4,9 +4,9 @@
 #include "host/app/exporterPlugin.h"
 #include "host/app/prepareHost.h"
 #include "host/app/process.h"
+#include "host/mel/environment.h"
 
 #include <atomic>
-#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <fstream>
@@ -38,8 +38,7 @@ Words wordsOf(const BatchJob& job, const CommandLine& commandLine) {
     if (!job.roots.empty()) {
         words.push_back("--select=" + job.roots); // one word, so that a name may begin with '-'
     }
-    const char* chosen = std::getenv("TVK_PLUGIN");
-    if (!commandLine.plugin.empty() || (chosen != nullptr && *chosen != '\0')) {
+    if (!commandLine.plugin.empty() || !environmentValue("TVK_PLUGIN").value_or("").empty()) {
         std::error_code error;
         words.push_back("--plugin");
         words.push_back(fs::absolute(fs::u8path(findExporter(commandLine.plugin)), error).generic_u8string());
@@ -91,9 +90,10 @@ EndedProcess runJob(const BatchPlan& plan, std::size_t i, const CommandLine& com
 }
 
 bool appendToLog(const BatchPlan& plan, std::size_t i) {
-    std::ofstream log(fs::u8path(plan.log), std::ios::binary | std::ios::app);
+    // Text mode: the line ends of the log are the system's, like those of the parts.
+    std::ofstream log(fs::u8path(plan.log), std::ios::app);
     log << plan.jobs[i].head;
-    std::ifstream part(fs::u8path(partOf(plan.log, i)), std::ios::binary);
+    std::ifstream part(fs::u8path(partOf(plan.log, i)));
     if (part.peek() != std::ifstream::traits_type::eof()) { // a scene that cannot be opened has none
         log << part.rdbuf();
     }

@@ -201,6 +201,7 @@ ParsedCommandLine parseCommandLine(int argumentCount, const char* const* argumen
     CommandLine line;
     CLI::App app("Exports a Maya ASCII scene to intermediate files, with no Maya installed.", "tvkexport");
     app.footer(kFooter);
+    app.allow_windows_style_options(false); // a path may begin with '/' on every system
     app.set_version_flag("--version", "tvkexport " TVK_VERSION);
     std::string target, jobs;
     addOptions(app, line);

@@ -2,8 +2,8 @@
 
 #include "host/api/SharedLibrary.h"
 #include "host/app/process.h"
+#include "host/mel/environment.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -24,8 +24,8 @@ Function exporterFunction(Host& host, const char* name) {
 } // namespace
 
 std::string findExporter(const std::string& named) {
-    const char* chosen = std::getenv("TVK_PLUGIN");
-    if (!named.empty() || (chosen != nullptr && *chosen != '\0')) {
+    const std::string chosen = environmentValue("TVK_PLUGIN").value_or("");
+    if (!named.empty() || !chosen.empty()) {
         return named.empty() ? chosen : named;
     }
     for (const char* folder : kFolders) {

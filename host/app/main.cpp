@@ -13,6 +13,8 @@
 #include <exception>
 #include <iostream>
 #include <new>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -51,6 +53,14 @@ int runHost(const host::app::CommandLine& commandLine) {
     return host::app::kFailed;
 }
 
+host::app::ParsedCommandLine parse(const std::vector<std::string>& words) {
+    std::vector<const char*> pointers;
+    for (const std::string& word : words) {
+        pointers.push_back(word.c_str());
+    }
+    return host::app::parseCommandLine(static_cast<int>(pointers.size()), pointers.data());
+}
+
 /// The status, unless what was printed on standard output did not arrive there.
 int finish(int status) {
     std::cout.flush();
@@ -66,7 +76,7 @@ int finish(int status) {
 int main(int argumentCount, char** arguments) {
     host::app::ignoreBrokenPipes();
     try {
-        const host::app::ParsedCommandLine parsed = host::app::parseCommandLine(argumentCount, arguments);
+        const host::app::ParsedCommandLine parsed = parse(host::app::programArguments(argumentCount, arguments));
         if (parsed.commandLine) {
             return finish(host::app::runWithStack(kStackBytes, [&] { return runHost(*parsed.commandLine); }));
         }

@@ -2,8 +2,8 @@
 
 #include "host/api/melText.h"
 #include "host/app/exporterPlugin.h"
+#include "host/mel/environment.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
@@ -29,7 +29,7 @@ std::string checkScene(const std::string& scene) {
 // Scenes name their images from the project on. Nobody sets a project on a build farm, so it is the nearest folder
 // around the scene that says it is one; what the user set wins.
 void openProjectOf(Host& host, const fs::path& scene) {
-    if (std::getenv("MAYA_PROJECT") != nullptr) {
+    if (environmentValue("MAYA_PROJECT")) {
         return;
     }
     std::error_code ignored;

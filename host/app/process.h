@@ -12,6 +12,9 @@ namespace host::app {
 /// system refuses.
 int runWithStack(std::size_t bytes, const std::function<int()>& work);
 
+/// The words of the command line in UTF-8, the program's name first; `main` gets them as the system has them.
+std::vector<std::string> programArguments(int count, char** arguments);
+
 /// A reader of our output that has gone away must not kill the program.
 void ignoreBrokenPipes();
 

@@ -19,7 +19,7 @@ std::optional<ScriptFile> readScript(const std::filesystem::path& path) {
     if (!stream) {
         return std::nullopt;
     }
-    return ScriptFile{path.generic_string(), text.str()};
+    return ScriptFile{path.generic_u8string(), text.str()};
 }
 
 std::optional<ScriptFile> readScriptOrMel(const std::filesystem::path& path) {
@@ -39,7 +39,7 @@ ScriptLoader folderScriptLoader(std::function<std::vector<std::string>()> folder
         if (name.empty() || name.find('\0') != std::string::npos) {
             return std::nullopt;
         }
-        const std::filesystem::path path(name);
+        const std::filesystem::path path = std::filesystem::u8path(name);
         if (path.has_parent_path()) {
             std::optional<ScriptFile> script = readScriptOrMel(path);
             if (script.has_value() || path.is_absolute()) {
@@ -47,7 +47,7 @@ ScriptLoader folderScriptLoader(std::function<std::vector<std::string>()> folder
             }
         }
         for (const std::string& folder : folders()) {
-            std::optional<ScriptFile> script = readScriptOrMel(std::filesystem::path(folder) / path);
+            std::optional<ScriptFile> script = readScriptOrMel(std::filesystem::u8path(folder) / path);
             if (script.has_value()) {
                 return script;
             }

@@ -2,11 +2,10 @@
 
 #include "host/mel/Evaluator.h"
 #include "host/mel/FlagSyntax.h"
+#include "host/mel/environment.h"
 #include "host/mel/operators.h"
 
 #include <array>
-#include <cstdlib>
-#include <unistd.h>
 
 namespace host::mel {
 
@@ -101,9 +100,8 @@ Value runPutenv(BuiltinCall& call) {
 // The names of all environment variables.
 Value runEnv(BuiltinCall& call) {
     std::map<std::string, std::string, std::less<>> names = call.evaluator.state().environment;
-    for (char** entry = environ; entry != nullptr && *entry != nullptr; ++entry) {
-        const std::string_view text(*entry);
-        names.emplace(text.substr(0, text.find('=')), "");
+    for (std::string& name : environmentNames()) {
+        names.emplace(std::move(name), "");
     }
     StringArray sorted;
     for (const auto& [name, value] : names) {
@@ -138,8 +136,7 @@ std::string Interpreter::environment(std::string_view name) const {
     if (own != state_->environment.end()) {
         return own->second;
     }
-    const char* inherited = std::getenv(std::string(name).c_str());
-    return inherited != nullptr ? inherited : "";
+    return environmentValue(std::string(name)).value_or("");
 }
 
 } // namespace host::mel

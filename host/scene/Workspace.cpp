@@ -1,11 +1,12 @@
 #include "host/scene/Workspace.h"
 
 #include "host/mel/Lexer.h"
+#include "host/mel/environment.h"
 #include "host/scene/MappedFile.h"
 #include "host/scene/SceneArguments.h"
 
-#include <cstdlib>
 #include <filesystem>
+#include <optional>
 #include <vector>
 
 namespace host {
@@ -17,11 +18,11 @@ constexpr const char* kRulesFile = "workspace.mel";
 // Absolute, with '/' between the parts and at the end; "" when there is no such folder.
 std::string folderPath(const std::string& folder) {
     std::error_code failed;
-    const std::filesystem::path path = std::filesystem::absolute(folder, failed);
+    const std::filesystem::path path = std::filesystem::absolute(std::filesystem::u8path(folder), failed);
     if (failed || folder.empty() || !std::filesystem::is_directory(path, failed)) {
         return {};
     }
-    std::string text = path.lexically_normal().generic_string();
+    std::string text = path.lexically_normal().generic_u8string();
     if (text.back() != '/') {
         text += '/';
     }
@@ -36,8 +37,8 @@ std::string entry(const std::map<std::string, std::string, std::less<>>& rules, 
 } // namespace
 
 Workspace::Workspace() {
-    const char* project = std::getenv("MAYA_PROJECT");
-    if (project == nullptr || !open(project)) {
+    const std::optional<std::string> project = environmentValue("MAYA_PROJECT");
+    if (!project || !open(*project)) {
         open(".");
     }
 }
@@ -59,7 +60,7 @@ bool Workspace::open(const std::string& directory) {
 }
 
 bool Workspace::setDirectory(const std::string& directory) {
-    const bool isRelative = std::filesystem::path(directory).is_relative();
+    const bool isRelative = std::filesystem::u8path(directory).is_relative();
     std::string folder = folderPath(isRelative ? root_ + directory : directory);
     if (folder.empty()) {
         return false;

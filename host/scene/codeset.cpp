@@ -1,13 +1,12 @@
 #include "host/scene/codeset.h"
 
+#include "host/scene/TextConverter.h"
+
 #include <algorithm>
-#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <iterator>
-
-#include <iconv.h>
 
 namespace host {
 
@@ -45,68 +44,8 @@ bool isUtf8Name(std::string_view codeset) {
     return plain == "UTF8" || plain == "65001";
 }
 
-// The name goes to the system, which may look for a file of that name: short and plain, or none.
-bool isPlainName(std::string_view codeset) {
-    constexpr std::size_t kLongestName = 40;
-    return !codeset.empty() && codeset.size() <= kLongestName &&
-           std::all_of(codeset.begin(), codeset.end(), [](char byte) {
-               return (byte >= '0' && byte <= '9') || ((byte | 32) >= 'a' && (byte | 32) <= 'z') || byte == '-' ||
-                      byte == '_' || byte == '.' || byte == ':';
-           });
-}
-
-// "932" is a Windows code page; everything else is a name.
-std::string converterName(std::string_view codeset) {
-    const bool isNumber =
-        std::all_of(codeset.begin(), codeset.end(), [](char byte) { return byte >= '0' && byte <= '9'; });
-    return isNumber ? "CP" + std::string(codeset) : std::string(codeset);
-}
-
-// One converter of the system's library.
-class Converter {
-public:
-    explicit Converter(std::string_view codeset)
-        : handle_(isPlainName(codeset) ? ::iconv_open("UTF-8", converterName(codeset).c_str())
-                                       : reinterpret_cast<iconv_t>(-1)) {}
-    ~Converter() {
-        if (isKnown()) {
-            ::iconv_close(handle_);
-        }
-    }
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-
-    bool isKnown() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
-
-    // Appends the text with '?' for each byte that is none; true when there was no such byte.
-    bool convert(std::string_view bytes, std::string& result) {
-        bool isWhole = true;
-        char buffer[16384];
-        auto* next = const_cast<char*>(bytes.data()); // iconv's interface is older than const
-        std::size_t left = bytes.size();
-        while (left > 0) {
-            char* out = buffer;
-            std::size_t room = sizeof buffer;
-            const bool isDone = ::iconv(handle_, &next, &left, &out, &room) != static_cast<std::size_t>(-1);
-            const int code = isDone ? 0 : errno;
-            result.append(buffer, static_cast<std::size_t>(out - buffer));
-            if (!isDone && code != E2BIG) {
-                isWhole = false;
-                result += '?';
-                ++next;
-                --left;
-                ::iconv(handle_, nullptr, nullptr, nullptr, nullptr);
-            }
-        }
-        return isWhole;
-    }
-
-private:
-    iconv_t handle_;
-};
-
 bool isValidUtf8(std::string_view bytes) {
-    Converter converter("UTF-8");
+    TextConverter converter("UTF-8");
     char buffer[16384];
     std::string scratch;
     for (std::size_t at = 0; at < bytes.size();) {
@@ -154,7 +93,7 @@ DecodedText decodeToUtf8(std::string_view fileText) {
     if (codeset.empty()) {
         codeset = kUnnamedCodeset;
     }
-    Converter converter(codeset);
+    TextConverter converter(codeset);
     if (!converter.isKnown()) {
         decoded.isUnknownCodeset = true;
         return decoded;
@@ -167,7 +106,7 @@ DecodedText decodeToUtf8(std::string_view fileText) {
 
 std::string toUtf8(std::string_view text, std::string_view codeset) {
     std::string result;
-    Converter converter(codeset);
+    TextConverter converter(codeset);
     if (converter.isKnown()) {
         converter.convert(text, result);
     } else {

@@ -48,6 +48,10 @@ int runWithStack(std::size_t bytes, const std::function<int()>& work) {
     return job.result;
 }
 
+std::vector<std::string> programArguments(int count, char** arguments) {
+    return {arguments, arguments + count};
+}
+
 void ignoreBrokenPipes() {
     std::signal(SIGPIPE, SIG_IGN);
 }

@@ -2,6 +2,8 @@
 
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
+// Needs the types above.
+#include <shellapi.h>
 
 #include <filesystem>
 #include <mutex>
@@ -34,6 +36,18 @@ int runWithStack(std::size_t bytes, const std::function<int()>& work) {
     WaitForSingleObject(thread, INFINITE);
     CloseHandle(thread);
     return job.result;
+}
+
+std::vector<std::string> programArguments(int /*count*/, char** /*arguments*/) {
+    // What `main` gets went through the user's code page and may have lost letters.
+    std::vector<std::string> words;
+    int count = 0;
+    wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    for (int i = 0; i < count; ++i) {
+        words.push_back(std::filesystem::path(wide[i]).u8string());
+    }
+    LocalFree(wide);
+    return words;
 }
 
 void ignoreBrokenPipes() {} // writing to one is an ordinary error here
