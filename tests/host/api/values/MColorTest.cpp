@@ -60,6 +60,10 @@ const ModelCase kModels[] = {
     {MColor::kHSV, 120.0f, 1.0f, 0.5f, MColor(0, 0.5f, 0)},
     {MColor::kHSV, 240.0f, 0.5f, 1.0f, MColor(0.5f, 0.5f, 1)},
     {MColor::kHSV, 60.0f, 1.0f, 1.0f, MColor(1, 1, 0)},
+    {MColor::kHSV, 180.0f, 0.25f, 0.8f, MColor(0.6f, 0.8f, 0.8f)},
+    {MColor::kHSV, 330.0f, 1.0f, 1.0f, MColor(1, 0, 0.5f)},
+    {MColor::kHSV, 0.0f, 0.0f, 0.0f, MColor(0, 0, 0)},
+    {MColor::kHSV, 0.0f, 0.0f, 0.7f, MColor(0.7f, 0.7f, 0.7f)},
     {MColor::kCMY, 1.0f, 0.25f, 0.0f, MColor(0, 0.75f, 1)},
 };
 
@@ -75,6 +79,12 @@ TEST(MColor, ConvertsBetweenModels) {
         EXPECT_NEAR(c2, example.c2, 1e-6f) << example.color;
         EXPECT_NEAR(c3, example.c3, 1e-6f) << example.color;
     }
+}
+
+TEST(MColor, HuesGoRound) {
+    EXPECT_EQ(MColor(MColor::kHSV, 480.0f, 1.0f, 1.0f), MColor(MColor::kHSV, 120.0f, 1.0f, 1.0f));
+    EXPECT_EQ(MColor(MColor::kHSV, -240.0f, 1.0f, 1.0f), MColor(MColor::kHSV, 120.0f, 1.0f, 1.0f));
+    EXPECT_EQ(MColor(MColor::kHSV, 360.0f, 1.0f, 1.0f), MColor(1, 0, 0));
 }
 
 TEST(MColor, FourthComponentOfCmykIsBlack) {
