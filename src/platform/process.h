@@ -18,7 +18,8 @@ struct ProcessResult {
 };
 
 // Starts a command line, waits without limit until it ends, and says how it ended. Writes nothing itself.
-//   commandLine  UTF-8; Windows: program and arguments as CreateProcess takes them; elsewhere a line for /bin/sh
+//   commandLine  UTF-8; Windows: program and arguments as CreateProcess takes them, or kShellPrefix and a line as one
+//                would type it; elsewhere a line for /bin/sh
 // On POSIX a program that the shell cannot find ran with exit code 127, and one that a signal ended has 128 + signal.
 [[nodiscard]] ProcessResult runProcess(const std::string& commandLine, ProcessWindow window);
 
