@@ -16,7 +16,7 @@ constexpr int kMostJobs = 256; // more than one machine has any use for
 constexpr const char* kFooter =
     "\nExit status: 0 done (warnings included), 1 failed, 2 done with warnings or, with --check, with names that are\n"
     "too long (--strict), 64 wrong usage.\n"
-    "The exporter is tvk_export beside the program or in ../plug-ins; --plugin or TVK_PLUGIN name another.";
+    "The exporter is tvk_export beside the program; --plugin or TVK_PLUGIN name another.";
 
 bool isKind(const std::string& word) {
     return std::any_of(std::begin(kOutputKinds), std::end(kOutputKinds),

@@ -11,8 +11,6 @@ namespace host::app {
 
 namespace {
 
-constexpr const char* kFolders[] = {"", "../plug-ins/"}; // from the program: as built, as installed
-
 /// A function of the loaded exporter; null when it has none of that name.
 template <typename Function>
 Function exporterFunction(Host& host, const char* name) {
@@ -28,14 +26,9 @@ std::string findExporter(const std::string& named) {
     if (!named.empty() || !chosen.empty()) {
         return named.empty() ? chosen : named;
     }
-    for (const char* folder : kFolders) {
-        std::string path = programFolder() + folder + "tvk_export" + std::string(SharedLibrary::suffix());
-        std::error_code error;
-        if (std::filesystem::is_regular_file(std::filesystem::u8path(path), error)) {
-            return path;
-        }
-    }
-    return "";
+    std::string path = programFolder() + "tvk_export" + std::string(SharedLibrary::suffix());
+    std::error_code error;
+    return std::filesystem::is_regular_file(std::filesystem::u8path(path), error) ? path : "";
 }
 
 std::string loadExporter(Host& host, const std::string& path) {
