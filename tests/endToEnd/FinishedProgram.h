@@ -29,7 +29,8 @@ public:
         std::string out = {};                                // path instead of what is captured; "-" closes it
         std::string workingFolder = {};                      // in the folder of files; "" for that folder itself
         int limitSeconds = 120;
-        bool asNobody = false; // a superuser runs it as one who has no rights of his own
+        bool asNobody = false;    // a superuser runs it as one who has no rights of his own
+        std::string program = {}; // full path of another than the built one
     };
 
     /// Runs it to its end. A run that a signal ended, or that took too long, or more memory than any scene of these

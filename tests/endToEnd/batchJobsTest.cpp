@@ -1,6 +1,7 @@
 // Lists of scenes shared among processes, and as commands for the tools of a render farm.
 
 #include "FinishedProgram.h"
+#include "guidePages.h"
 #include "sceneText.h"
 
 #include <gmock/gmock.h>
@@ -12,8 +13,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <regex>
 #include <thread>
@@ -253,11 +252,7 @@ TEST_F(SampleJobs, GnuParallelWritesWhatTheBatchWrites) {
 // The script of the guide, as each task of an array job runs it.
 TEST_F(SampleJobs, TheArrayJobOfTheGuideWritesWhatTheBatchWrites) {
     ASSERT_NO_FATAL_FAILURE(printCommands());
-    std::ifstream in(TVK_DOCS "/farm.md");
-    const std::string guide{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    const std::size_t start = guide.find("#!/bin/sh\n");
-    ASSERT_NE(start, std::string::npos);
-    program.write("farm.sh", guide.substr(start, guide.find("```", start) - start));
+    program.write("farm.sh", guideBlock("farm.md", "#!/bin/sh\n"));
     ASSERT_EQ(shell("cp ../commands.sh commands.txt"), 0);
     for (const char* task : {"3", "1", "4", "2"}) {
         EXPECT_EQ(shell(std::string("SLURM_ARRAY_TASK_ID=") + task + " sh ../farm.sh >../said.txt 2>&1"), 0);

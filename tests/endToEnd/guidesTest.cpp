@@ -3,13 +3,12 @@
 
 #include "FinishedProgram.h"
 #include "decode/ModelFile.h"
+#include "guidePages.h"
 #include "sceneText.h"
 
 #include <gmock/gmock.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <regex>
 #include <string>
 
@@ -17,20 +16,6 @@ namespace tvk {
 namespace {
 
 using testing::ElementsAre;
-
-std::string guide(const std::string& name) {
-    std::ifstream in(TVK_DOCS "/" + name);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-// The block between fences that begins with these words; a test failure when there is none.
-std::string blockOf(const std::string& guideName, const std::string& begin) {
-    const std::string text = guide(guideName);
-    const std::size_t start = text.find("\n```\n" + begin);
-    EXPECT_NE(start, std::string::npos) << guideName << ": " << begin;
-    const std::size_t from = start + 5;
-    return text.substr(from, text.find("```", from) - from);
-}
 
 // The log without what differs from machine to machine.
 std::string everywhere(std::string log) {
@@ -50,19 +35,20 @@ TEST(Guides, TheBatchThatIsShownGivesTheLogThatIsShown) {
                   sceneOf(nodeText("joint", "hips") + nodeText("transform", "hat") + nodeText("transform", "floor")));
     program.write("settings/model.z3es", "# TVK_Export settings\noutput_imd=\"on\"\n");
     program.write("settings/walk.z3es", "# TVK_Export settings\noutput_imd=\"on\"\noutput_ica=\"on\"\n");
-    program.write("list.z3be", blockOf("batch.md", "# TVK_Batch_Export"));
+    program.write("list.z3be", guideBlock("batch.md", "# TVK_Batch_Export"));
     const ProgramRun run = program.run({"--batch", "list.z3be"});
     EXPECT_EQ(run.status, 0) << run.error;
-    EXPECT_EQ(everywhere(program.bytes("log.txt")), everywhere(blockOf("batch.md", "# Log of TVK_Batch_Export")));
-    EXPECT_NE(guide("batch.md").find("    " + run.errorLines().back() + "\n"), std::string::npos);
+    EXPECT_EQ(everywhere(program.bytes("log.txt")), everywhere(guideBlock("batch.md", "# Log of TVK_Batch_Export")));
+    EXPECT_NE(guidePage("batch.md").find("    " + run.errorLines().back() + "\n"), std::string::npos);
     EXPECT_THAT(program.names("out"), ElementsAre("house.imd", "man_walk.ica", "man_walk.imd", "oak.imd"));
-    EXPECT_THAT(decode::readModelFile(program.bytes("out/man_walk.imd")).names(), ElementsAre("world_root", "hat", "hips"));
+    EXPECT_THAT(decode::readModelFile(program.bytes("out/man_walk.imd")).names(),
+                ElementsAre("world_root", "hat", "hips"));
 }
 
 TEST(Guides, TheSettingsThatAreShownAreTaken) {
     const FinishedProgram program;
     program.write("scene.ma", sceneOf(nodeText("transform", "a", "", set3("t", 1, 0, 0)) + playback(1, 60)));
-    program.write("f.z3es", blockOf("settings.md", "# TVK_Export settings"));
+    program.write("f.z3es", guideBlock("settings.md", "# TVK_Export settings"));
     ASSERT_EQ(program.run({"scene.ma", "--settings", "f.z3es"}).status, 0);
     EXPECT_THAT(program.names(), ElementsAre("f.z3es", "scene.ica", "scene.imd", "scene.ma"));
     EXPECT_EQ(decode::readModelFile(program.bytes("scene.imd")).info->value("magnify"), "2.000000");
