@@ -1,6 +1,7 @@
 #include "host/app/report/reportJson.h"
 
 #include "host/app/report/makeReport.h"
+#include "host/app/report/reportText.h"
 
 #include "SmallFolder.h"
 
@@ -8,6 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include <clocale>
+#include <locale>
 
 namespace host::app::report {
 namespace {
@@ -92,14 +94,26 @@ TEST(ReportJson, WhatIsNotThereIsNull) {
     EXPECT_EQ(json["textures"], nullptr);
 }
 
-TEST(ReportJson, IsTheSameInEveryLocaleAndEveryTime) {
-    const std::string plain = smallJson();
-    const std::string before = std::setlocale(LC_ALL, nullptr);
-    ASSERT_NE(std::setlocale(LC_ALL, "de_DE.UTF-8"), nullptr);
-    const std::string german = smallJson();
-    std::setlocale(LC_ALL, before.c_str());
-    EXPECT_EQ(german, plain);
-    EXPECT_EQ(plain.back(), '\n');
+// Groups digits, as streams do in a country that does.
+class GroupingDigits : public std::numpunct<char> {
+protected:
+    char do_thousands_sep() const override { return '.'; }
+    char do_decimal_point() const override { return ','; }
+    std::string do_grouping() const override { return "\1"; }
+};
+
+TEST(ReportJson, NumbersAndTextAreTheSameInEveryLocale) {
+    const SmallFolder folder;
+    folder.writeAll();
+    const std::string plain = reportJson(makeReport(folder.read())) + reportText(makeReport(folder.read()));
+    const std::string oldC = std::setlocale(LC_ALL, nullptr);
+    const std::locale oldStreams = std::locale::global(std::locale(std::locale(), new GroupingDigits));
+    std::setlocale(LC_ALL, "de_DE.UTF-8"); // stays as it is where the system lacks it
+    const std::string foreign = reportJson(makeReport(folder.read())) + reportText(makeReport(folder.read()));
+    std::locale::global(oldStreams);
+    std::setlocale(LC_ALL, oldC.c_str());
+    EXPECT_EQ(foreign, plain);
+    EXPECT_THAT(plain, testing::HasSubstr("216"));
 }
 
 TEST(ReportJson, BytesThatAreNoTextDoNotSpoilIt) {
