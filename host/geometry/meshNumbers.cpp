@@ -69,17 +69,17 @@ std::shared_ptr<const ComponentList> renumbered(const ComponentList& list, const
     return std::make_shared<const ComponentList>(std::move(ranges));
 }
 
-std::shared_ptr<const ComponentList> withCutFaces(const ComponentList& list, const Ids& firstNew) {
+std::shared_ptr<const ComponentList> withParts(const ComponentList& list, ComponentKind kind, const Ids& firstPart) {
     auto carried = std::make_shared<ComponentList>(list);
     for (ComponentRange& range : carried->ranges) {
-        if (range.kind != ComponentKind::kFace || range.index[0].isAll()) {
+        if (range.kind != kind || range.index[0].isAll()) {
             continue;
         }
-        const auto count = static_cast<std::int32_t>(firstNew.size()) - 1;
+        const auto count = static_cast<std::int32_t>(firstPart.size()) - 1;
         const std::int32_t first = std::min(range.index[0].first, count);
         const std::int32_t last = std::min(range.index[0].last, count - 1);
-        range.index[0].first = firstNew[at(first)];
-        range.index[0].last = last < first ? range.index[0].first : firstNew[at(last + 1)] - 1;
+        range.index[0].first = firstPart[at(first)];
+        range.index[0].last = last < first ? range.index[0].first : firstPart[at(last + 1)] - 1;
     }
     return carried;
 }
@@ -127,7 +127,7 @@ void carryCorners(const MeshData& mesh, MeshData& made, const Ids& cornerFrom) {
         const Ids before = idsOfCorners(*ids, *mesh.topology);
         Ids after(cornerFrom.size());
         std::transform(cornerFrom.begin(), cornerFrom.end(), after.begin(),
-                       [&](std::int32_t corner) { return before[at(corner)]; });
+                       [&](std::int32_t corner) { return corner == kGone ? kUnmapped : before[at(corner)]; });
         ids = faceIdsOf(after, *made.topology);
     };
     for (UvSet& set : made.uvSets) {

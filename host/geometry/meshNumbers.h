@@ -38,8 +38,8 @@ struct NewNumbers {
 
 /// The vertices, edges and faces of the list by their new numbers; other components are left out.
 std::shared_ptr<const ComponentList> renumbered(const ComponentList& list, const NewNumbers& numbers);
-/// Of a list for a mesh whose face f became the faces firstNew[f] … firstNew[f + 1] - 1: all of those for each face.
-std::shared_ptr<const ComponentList> withCutFaces(const ComponentList& list, const Ids& firstNew);
+/// The list with each component c of one kind replaced by its parts, firstPart[c] … firstPart[c + 1] - 1.
+std::shared_ptr<const ComponentList> withParts(const ComponentList& list, ComponentKind kind, const Ids& firstPart);
 
 /// No face has such an id; a colour id of -1 is something else.
 constexpr std::int32_t kUnmapped = -2;
@@ -52,7 +52,7 @@ std::shared_ptr<const FaceIds> faceIdsOf(const Ids& ofCorners, const MeshTopolog
 void dropUnusedUvs(UvSet& set);
 
 /// Gives `made`, a copy of `mesh` with other topology, what the corners of `mesh` have in its UV and colour sets and
-/// user normals: corner c of `made` was cornerFrom[c].
+/// user normals: corner c of `made` was cornerFrom[c], or has nothing when that is kGone.
 void carryCorners(const MeshData& mesh, MeshData& made, const Ids& cornerFrom);
 
 } // namespace host

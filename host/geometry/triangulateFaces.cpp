@@ -35,7 +35,7 @@ public:
         made->topology = MeshTopology::make(topology_.vertexCount(), std::move(edges_), std::move(faces_), problem);
         carryCorners(mesh_, *made, cornerFrom_);
         for (ComponentGroup& group : made->groups) {
-            group.components = withCutFaces(*group.components, firstNew_);
+            group.components = withParts(*group.components, ComponentKind::kFace, firstNew_);
         }
         return made;
     }
