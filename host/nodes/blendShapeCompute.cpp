@@ -1,6 +1,7 @@
 #include "host/nodes/blendShapeCompute.h"
 
 #include "host/nodes/deformerCompute.h"
+#include "host/nodes/pointWeights.h"
 
 #include "host/geometry/ArrayData.h"
 #include "host/geometry/meshComponents.h"
@@ -73,29 +74,6 @@ std::vector<ItemShare> sharesOf(const std::vector<std::int32_t>& items, double w
     const double share = (weight - low) / (high - low);
     return {{side[upper - 1], 1.0 - share}, {side[upper], share}};
 }
-
-/// Numbers per point that are 1 where nothing is stored.
-class PointWeights {
-public:
-    PointWeights(Evaluation& evaluation, Node& node, const PlugAddress& array)
-        : evaluation_(evaluation), plug_{&node, array}, rows_(evaluation.graph().storedRows(plug_)),
-          isDriven_(evaluation.graph().isDriven(plug_)) {}
-
-    double of(std::size_t point) const {
-        const auto at = static_cast<std::int32_t>(point);
-        if (isDriven_) {
-            return evaluation_.number(*plug_.node, plug_.at.element(at));
-        }
-        const std::ptrdiff_t row = rows_ != nullptr ? rows_->findRow(at) : -1;
-        return row >= 0 ? rows_->value(static_cast<std::size_t>(row), 0) : 1.0;
-    }
-
-private:
-    Evaluation& evaluation_;
-    Plug plug_;
-    const NumberRows* rows_;
-    bool isDriven_;
-};
 
 /// Moves points by the targets of one geometry.
 class Blender {

@@ -2,6 +2,7 @@
 
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/deformerCompute.h"
+#include "host/nodes/pointWeights.h"
 
 #include "host/graph/Evaluation.h"
 
@@ -39,16 +40,10 @@ void applyMovement(Evaluation& evaluation, Node& node, std::int32_t element, Poi
                    const ClusterAttributes& attr) {
     const Matrix44 geometry = evaluation.matrix(node, address(attr.geomMatrix).element(element));
     const Matrix44 whole = geometry * movement(evaluation, node, attr) * geometry.inverse();
-    const Plug weights{&node, address(attr.weights).element(element)};
-    const bool isDriven = evaluation.graph().isDriven(weights);
-    const NumberRows* rows = evaluation.graph().storedRows(weights);
+    const PointWeights weights(evaluation, node, address(attr.weights).element(element));
     for (std::size_t i = 0; i < points.size(); ++i) {
-        const auto vertex = static_cast<std::int32_t>(i);
-        const std::ptrdiff_t row = rows != nullptr ? rows->findRow(vertex) : -1;
-        const double stored = row >= 0 ? rows->value(static_cast<std::size_t>(row), 0) : 1.0;
-        const double weight = isDriven ? evaluation.number(node, weights.at.element(vertex)) : stored;
         const Imath::V3d point(points[i]);
-        points[i] = Imath::V3f(point + weight * (point * whole - point));
+        points[i] = Imath::V3f(point + weights.of(i) * (point * whole - point));
     }
 }
 

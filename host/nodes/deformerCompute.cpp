@@ -2,8 +2,10 @@
 
 #include "host/nodes/meshRows.h"
 
+#include "host/geometry/LatticeData.h"
 #include "host/geometry/meshComponents.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -93,6 +95,30 @@ void applyTweak(Evaluation& evaluation, Node& node, std::int32_t element, MeshDa
     }
 }
 
+/// Deforms the points of a lattice as if they were a mesh without faces.
+DataPtr deformedLattice(Evaluation& evaluation, Node& node, std::int32_t element, const LatticeData& lattice,
+                        DeformFunction deform) {
+    const FilterAttributes& attr = filterAttributes(node);
+    const Points before(lattice.points.begin(), lattice.points.end());
+    MeshData mesh;
+    mesh.points = std::make_shared<const Points>(before);
+    Points after = before;
+    deform(evaluation, node, element, mesh, after);
+    const double id = evaluation.number(node, inElement(attr.groupId, element));
+    const auto group = std::find_if(lattice.groups.begin(), lattice.groups.end(), [id](const ComponentGroup& each) {
+        return each.id == static_cast<std::int32_t>(id);
+    });
+    limitTo(before, group != lattice.groups.end() ? lattice.named(*group->components) : std::vector<bool>(),
+            static_cast<float>(evaluation.number(node, attr.envelope)), after);
+    auto result = std::make_shared<LatticeData>(lattice);
+    for (std::size_t i = 0; i < after.size(); ++i) {
+        if (after[i] != before[i]) {
+            result->points[i] = Imath::V3d(after[i]);
+        }
+    }
+    return result;
+}
+
 } // namespace
 
 bool hasNoEffect(Evaluation& evaluation, Node& node) {
@@ -105,10 +131,15 @@ void computeDeformer(Evaluation& evaluation, Node& node, const PlugAddress& outp
     const FilterAttributes& attr = filterAttributes(node);
     const std::int32_t element = output.index[0];
     DataPtr input = evaluation.data(node, inElement(attr.inputGeometry, element));
-    const MeshPtr mesh = meshOf(input);
     const auto envelope = static_cast<float>(evaluation.number(node, attr.envelope));
-    if (mesh == nullptr || envelope == 0.0F || hasNoEffect(evaluation, node)) {
+    const MeshPtr mesh = meshOf(input);
+    const LatticePtr lattice = latticeOf(input);
+    if ((mesh == nullptr && lattice == nullptr) || envelope == 0.0F || hasNoEffect(evaluation, node)) {
         evaluation.putData(node, output, std::move(input));
+        return;
+    }
+    if (lattice != nullptr) {
+        evaluation.putData(node, output, deformedLattice(evaluation, node, element, *lattice, deform));
         return;
     }
     auto deformed = std::make_shared<MeshData>(*mesh);
@@ -117,6 +148,21 @@ void computeDeformer(Evaluation& evaluation, Node& node, const PlugAddress& outp
     limitTo(*mesh->points, membersOf(evaluation, node, element, *mesh), envelope, *points);
     deformed->points = std::move(points);
     evaluation.putData(node, output, std::move(deformed));
+}
+
+bool hasNoMembers(Graph& graph, Node& deformer) {
+    Evaluation evaluation(graph);
+    const PlugAddress inputs{filterAttributes(deformer).inputGeometry, 0, {}};
+    const PlugAddress array{deformer.type().find("input"), 0, {}};
+    for (const std::int32_t element : graph.elementIndices({&deformer, array})) {
+        const MeshPtr mesh = meshOf(graph.data({&deformer, inputs.element(element)}));
+        const std::vector<bool> members =
+            mesh != nullptr ? membersOf(evaluation, deformer, element, *mesh) : std::vector<bool>();
+        if (members.empty() || std::find(members.begin(), members.end(), true) != members.end()) {
+            return false;
+        }
+    }
+    return !graph.elementIndices({&deformer, array}).empty();
 }
 
 void computePassingDeformer(Evaluation& evaluation, Node& node, const PlugAddress& output) {

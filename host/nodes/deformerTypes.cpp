@@ -2,7 +2,9 @@
 #include "host/nodes/blendShapeCompute.h"
 #include "host/nodes/clusterCompute.h"
 #include "host/nodes/deformerCompute.h"
+#include "host/nodes/handleCompute.h"
 #include "host/nodes/historyCompute.h"
+#include "host/nodes/latticeCompute.h"
 #include "host/nodes/skinCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
@@ -191,15 +193,17 @@ constexpr AttributeRow kFfd[] = {
     {"baseLatticeMatrix", "blm", "matrix"},
     {"stuCache", "stu", "any", {}, 0, kArray},
     {"local", "lo", "bool", {}, 1},
-    {"outsideLattice", "ot", "enum"},
+    {"outsideLattice", "ot", "enum", {}, 0, 0, "Inside:All:Falloff"},
     {"localInfluenceS", "lis", "short", {}, 2},
     {"localInfluenceT", "lit", "short", {}, 2},
     {"localInfluenceU", "liu", "short", {}, 2},
+    {"shapeSpace", "kss", "matrix", {}, 0, kArray | kHidden},
 };
 
 constexpr AttributeRow kNonLinear[] = {
     {"deformerData", "dd", "any"},
     {"matrix", "ma", "matrix"},
+    {"shapeSpace", "kss", "matrix", {}, 0, kArray | kHidden},
 };
 
 constexpr AttributeRow kWrap[] = {
@@ -226,8 +230,8 @@ constexpr TypeRow kTypes[] = {
     {"softMod", "weightGeometryFilter", api::kSoftMod},
     {"tweak", "geometryFilter", api::kTweak, kTweak, computedBy(computeTweak)},
     {"blendShape", "geometryFilter", api::kBlendShape, kBlendShape, computedBy(computeBlendShape)},
-    {"ffd", "weightGeometryFilter", api::kFFD, kFfd},
-    {"nonLinear", "weightGeometryFilter", api::kNonLinear, kNonLinear},
+    {"ffd", "weightGeometryFilter", api::kFFD, kFfd, computedBy(computeFfd)},
+    {"nonLinear", "weightGeometryFilter", api::kNonLinear, kNonLinear, computedBy(computeNonLinear)},
     {"sculpt", "weightGeometryFilter", api::kSculpt},
     {"wire", "weightGeometryFilter", api::kWire},
     {"wrap", "weightGeometryFilter", api::kWrapFilter, kWrap},

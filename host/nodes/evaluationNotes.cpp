@@ -1,6 +1,10 @@
 #include "host/nodes/evaluationNotes.h"
 
+#include "host/nodes/deformerCompute.h"
+#include "host/nodes/geometryPlugs.h"
+#include "host/nodes/handleCompute.h"
 #include "host/nodes/ikCompute.h"
+#include "host/nodes/latticeCompute.h"
 #include "host/nodes/nodeTreatment.h"
 
 #include <algorithm>
@@ -39,9 +43,12 @@ bool isSteady(Graph& graph, Node& node, std::string_view attribute, double value
     return plug && !graph.isDriven(plug) && graph.number(plug) == value;
 }
 
-/// Through which meshes travel.
-bool isGeometry(const Attribute& attribute) {
-    return attribute.dataKind == DataKind::kMesh || attribute.fileType == "geometry";
+/// Why a node of a type that is evaluated is not, to go on after its type; empty when it is.
+std::string limitOf(Graph& graph, Node& node) {
+    if (node.type().isKindOf("nonLinear")) {
+        return limitOfNonLinear(graph, node);
+    }
+    return node.type().isKindOf("ffd") ? limitOfFfd(graph, node) : std::string();
 }
 
 /// Whether the shape is seen, or another reads it.
@@ -52,7 +59,7 @@ bool isMeshInUse(Graph& graph, Node& node) {
     const auto& outgoing = node.outgoing();
     return !isSteady(graph, node, "intermediateObject", 1.0) ||
            std::any_of(outgoing.begin(), outgoing.end(),
-                       [&](const auto& link) { return isGeometry(node.attribute(link.first.attr)); });
+                       [&](const auto& link) { return carriesGeometry(node.attribute(link.first.attr)); });
 }
 
 const Node& shownFor(const Node& driven) {
@@ -108,15 +115,17 @@ private:
         while (!open.empty()) {
             Node& node = *open.back();
             open.pop_back();
-            if (treatmentOf(node.type()) == Treatment::kRefused && hasEffect(node)) {
+            const std::string limit = limitOf(graph_, node);
+            const bool isRefused = treatmentOf(node.type()) == Treatment::kRefused || !node.type().known;
+            if ((isRefused || !limit.empty()) && hasEffect(node)) {
                 const std::string& shown = shownFor(mesh).name();
-                notes_.refusal = "node type '" + node.type().name() + "' is not supported: " + shown + "." +
-                                 node.name() + " shapes the mesh (delete the history of '" + shown +
+                notes_.refusal = "node type '" + node.type().name() + "'" + limit + " is not supported: " + shown +
+                                 "." + node.name() + " shapes the mesh (delete the history of '" + shown +
                                  "', or export from Maya)";
                 return;
             }
             for (const auto& [at, source] : node.incoming()) {
-                if (isGeometry(node.attribute(at.attr)) && seen.insert(source.node).second) {
+                if (carriesGeometry(node.attribute(at.attr)) && seen.insert(source.node).second) {
                     open.push_back(source.node);
                 }
             }
@@ -124,14 +133,15 @@ private:
     }
 
     /// Nodes whose input passes through in the real host too are evaluated well enough.
-    bool hasEffect(const Node& constNode) {
-        Node& node = *graph_.node(constNode.id());
+    bool hasEffect(const Node& asked) {
+        Node& node = *graph_.node(asked.id());
+        const bool isDeformer = node.type().isKindOf("geometryFilter");
         for (const double state : {1.0, 2.0, 4.0, 5.0}) {
-            if (passesOn(node) && isSteady(graph_, node, "nodeState", state)) {
+            if ((passesOn(node) || isDeformer) && isSteady(graph_, node, "nodeState", state)) {
                 return false;
             }
         }
-        return !node.type().isKindOf("geometryFilter") || !isSteady(graph_, node, "envelope", 0.0);
+        return !isDeformer || !(isSteady(graph_, node, "envelope", 0.0) || hasNoMembers(graph_, node));
     }
 
     void addDrivers(const Node& node, std::vector<const Node*>& open) {

@@ -2,6 +2,7 @@
 
 #include "host/nodes/deformerCompute.h"
 
+#include "host/geometry/LatticeData.h"
 #include "host/geometry/skinning.h"
 
 #include <algorithm>
@@ -27,14 +28,18 @@ void setGroup(std::vector<ComponentGroup>& groups, std::int32_t id, std::shared_
     }
 }
 
-void addGroup(Evaluation& evaluation, Node& node, MeshData& mesh) {
+void addGroup(Evaluation& evaluation, Node& node, std::vector<ComponentGroup>& groups) {
     static const AttrIndex kGroupId = node.type().find("groupId");
     static const AttrIndex kComponents = node.type().find("inputComponents");
     const DataPtr data = evaluation.data(node, address(kComponents));
     auto components = data != nullptr && data->kind == DataKind::kComponentList
                           ? std::static_pointer_cast<const ComponentList>(data)
                           : std::make_shared<const ComponentList>();
-    setGroup(mesh.groups, static_cast<std::int32_t>(evaluation.number(node, kGroupId)), std::move(components));
+    setGroup(groups, static_cast<std::int32_t>(evaluation.number(node, kGroupId)), std::move(components));
+}
+
+void groupMesh(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    addGroup(evaluation, node, mesh.groups);
 }
 
 void transformMesh(Evaluation& evaluation, Node& node, MeshData& mesh) {
@@ -127,7 +132,14 @@ void computeGroupId(Evaluation& evaluation, Node& node, const PlugAddress& outpu
 }
 
 void computeGroupParts(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    putChanged(evaluation, node, inputOf(node), output, addGroup);
+    const LatticePtr lattice = latticeOf(evaluation.data(node, address(inputOf(node))));
+    if (lattice != nullptr && !hasNoEffect(evaluation, node)) {
+        auto changed = std::make_shared<LatticeData>(*lattice);
+        addGroup(evaluation, node, changed->groups);
+        evaluation.putData(node, output, std::move(changed));
+    } else {
+        putChanged(evaluation, node, inputOf(node), output, groupMesh);
+    }
 }
 
 void computeTransformGeometry(Evaluation& evaluation, Node& node, const PlugAddress& output) {

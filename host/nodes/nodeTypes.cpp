@@ -5,7 +5,9 @@
 #include "host/nodes/curveCompute.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/expressionCompute.h"
+#include "host/nodes/handleCompute.h"
 #include "host/nodes/ikCompute.h"
+#include "host/nodes/latticeCompute.h"
 #include "host/nodes/meshCompute.h"
 #include "host/nodes/skinCompute.h"
 #include "host/nodes/typeTables.h"
@@ -27,6 +29,8 @@ constexpr AffectsRow kAffects[] = {
     {computeMesh, fillMeshAffects},
     {computeSkinCluster, fillSkinAffects},
     {computeClusterHandle, fillDagAffects},
+    {computeDeformHandle, fillDeformHandleAffects},
+    {computeLattice, fillLatticeAffects},
     {computeIkHandle, fillIkHandleAffects},
     {computePointConstraint, fillConstraintAffects},
     {computePoleVectorConstraint, fillConstraintAffects},

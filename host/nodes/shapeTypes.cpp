@@ -1,5 +1,7 @@
 #include "host/nodes/apiTypes.h"
 #include "host/nodes/clusterCompute.h"
+#include "host/nodes/handleCompute.h"
+#include "host/nodes/latticeCompute.h"
 #include "host/nodes/meshCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
@@ -223,15 +225,42 @@ constexpr AttributeRow kSubdiv[] = {
 
 constexpr AttributeRow kLattice[] = {
     {"latticeInput", "li", "lattice"},
-    {"latticeOutput", "lo", "lattice"},
-    {"worldLattice", "wl", "lattice", {}, 0, kWorld},
     {"cached", "cc", "lattice"},
     {"sDivisions", "sd", "long", {}, 2},
     {"tDivisions", "td", "long", {}, 5},
     {"uDivisions", "ud", "long", {}, 2},
     {"displayLattice", "dl", "bool", {}, 1},
     {"displayPoints", "dp", "bool"},
+    {"latticeOutput", "lo", "lattice", {}, 0, kComputed},
+    {"worldLattice", "wl", "lattice", {}, 0, kWorld | kComputed},
 };
+
+// Handles of non-linear deformers. What the bounds and the rest are is driven by the deformer's own attributes.
+constexpr AttributeRow kDeformFunc[] = {{"deformerData", "dd", "data", {}, 0, kComputed}};
+constexpr AttributeRow kDeformBend[] = {
+    {"curvature", "cur", "angle"}, {"lowBound", "lb", "double", {}, -1}, {"highBound", "hb", "double", {}, 1}};
+constexpr AttributeRow kDeformTwist[] = {{"startAngle", "sa", "angle"},
+                                         {"endAngle", "ea", "angle"},
+                                         {"lowBound", "lb", "double", {}, -1},
+                                         {"highBound", "hb", "double", {}, 1}};
+constexpr AttributeRow kDeformFlare[] = {{"startFlareX", "sfx", "double", {}, 1},
+                                         {"startFlareZ", "sfz", "double", {}, 1},
+                                         {"endFlareX", "efx", "double", {}, 1},
+                                         {"endFlareZ", "efz", "double", {}, 1},
+                                         {"curve", "cve", "double"},
+                                         {"lowBound", "lb", "double", {}, -1},
+                                         {"highBound", "hb", "double", {}, 1}};
+constexpr AttributeRow kDeformSine[] = {{"amplitude", "amp", "double"},       {"wavelength", "wav", "double", {}, 2},
+                                        {"offset", "off", "double"},          {"dropoff", "dr", "double"},
+                                        {"lowBound", "lb", "double", {}, -1}, {"highBound", "hb", "double", {}, 1}};
+constexpr AttributeRow kDeformSquash[] = {
+    {"factor", "fac", "double"},         {"expand", "exp", "double", {}, 1}, {"maxExpandPos", "mep", "double", {}, 0.5},
+    {"startSmoothness", "ss", "double"}, {"endSmoothness", "es", "double"},  {"lowBound", "lb", "double", {}, -1},
+    {"highBound", "hb", "double", {}, 1}};
+constexpr AttributeRow kDeformWave[] = {{"amplitude", "amp", "double"},       {"wavelength", "wav", "double", {}, 1},
+                                        {"offset", "off", "double"},          {"dropoff", "dr", "double"},
+                                        {"dropoffPosition", "dp", "double"},  {"minRadius", "mnr", "double"},
+                                        {"maxRadius", "mxr", "double", {}, 1}};
 
 constexpr AttributeRow kLocator[] = {
     {"localPosition", "lp", "distance3", "XYZ", 0, kChannelBox},
@@ -330,6 +359,8 @@ constexpr AttributeRow kImagePlane[] = {
     {"coverageOrigin", "co", "short2", "coverageOriginX cox coverageOriginY coy"},
 };
 
+constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
+
 constexpr TypeRow kTypes[] = {
     {"shape", "dagNode", api::kShape, TypeBehaviour{DagRole::kShape}},
     {"geometryShape", "shape", api::kShape, kGeometryShape},
@@ -342,13 +373,19 @@ constexpr TypeRow kTypes[] = {
     {"bezierCurve", "nurbsCurve", api::kBezierCurve},
     {"nurbsSurface", "surfaceShape", api::kNurbsSurface, kNurbsSurface},
     {"subdiv", "surfaceShape", api::kSubdiv, kSubdiv},
-    {"lattice", "controlPoint", api::kLattice, kLattice},
+    {"lattice", "controlPoint", api::kLattice, kLattice, TypeBehaviour{DagRole::kNone, computeLattice}},
     {"baseLattice", "geometryShape", api::kBaseLattice},
     {"locator", "geometryShape", api::kLocator, kLocator},
     {"clusterHandle", "geometryShape", api::kCluster, kClusterHandle,
      TypeBehaviour{DagRole::kNone, computeClusterHandle}},
     {"softModHandle", "geometryShape", api::kSoftModHandle},
-    {"deformFunc", "geometryShape", api::kDeformFunc},
+    {"deformFunc", "geometryShape", api::kDeformFunc, kDeformFunc, TypeBehaviour{DagRole::kNone, computeDeformHandle}},
+    {"deformBend", "deformFunc", api::kDeformFunc, kDeformBend},
+    {"deformTwist", "deformFunc", api::kDeformFunc, kDeformTwist},
+    {"deformFlare", "deformFunc", api::kDeformFunc, kDeformFlare},
+    {"deformSine", "deformFunc", api::kDeformFunc, kDeformSine, kNotEvaluated},
+    {"deformSquash", "deformFunc", api::kDeformFunc, kDeformSquash, kNotEvaluated},
+    {"deformWave", "deformFunc", api::kDeformFunc, kDeformWave, kNotEvaluated},
     {"camera", "shape", api::kCamera, kCamera},
     {"imagePlane", "shape", api::kImagePlane, kImagePlane},
     {"sketchPlane", "shape", api::kSketchPlane},

@@ -1,6 +1,7 @@
 #include "host/scene/Scene.h"
 
 #include "host/nodes/defaultNodes.h"
+#include "host/nodes/deformerSpaces.h"
 #include "host/nodes/evaluationNotes.h"
 #include "host/nodes/ikCompute.h"
 #include "host/nodes/nodeTypes.h"
@@ -153,6 +154,7 @@ SceneResult Scene::read(std::string_view text, const std::string& name) {
     SceneResult result = MaReader(*this, name, text).read();
     tieIkChains(*graph_);
     tieClips(*graph_);
+    tieDeformerSpaces(*graph_);
     if (!result.ok()) {
         return result;
     }

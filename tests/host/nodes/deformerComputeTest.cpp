@@ -105,6 +105,22 @@ INSTANTIATE_TEST_SUITE_P(Types, EveryDeformer,
                          testing::Values("tweak", "blendShape", "skinCluster", "cluster", "jointCluster"),
                          [](const auto& row) { return std::string(row.param); });
 
+TEST_F(Deformer, KnowsWhenItHasNoMembers) {
+    Node& node = make("wrap", "wrap1");
+    EXPECT_FALSE(hasNoMembers(graph, node)) << "nothing comes in";
+    Node& group = make("groupId", "group");
+    Node& parts = make("groupParts", "parts");
+    setComponents(parts, "inputComponents", {"vtx[7]"});
+    connect(source, "worldMesh[0]", parts, "inputGeometry");
+    connect(parts, "outputGeometry", node, "input[0].inputGeometry");
+    connect(group, "groupId", parts, "groupId");
+    EXPECT_FALSE(hasNoMembers(graph, node)) << "without a group all are members";
+    connect(group, "groupId", node, "input[0].groupId");
+    EXPECT_TRUE(hasNoMembers(graph, node));
+    setComponents(parts, "inputComponents", {"vtx[2]"});
+    EXPECT_FALSE(hasNoMembers(graph, node));
+}
+
 TEST_F(Deformer, MovesOnlyWhatATagOfTheShapeNames) {
     Node& node = deform("cluster");
     setMatrix(node, "matrix", moved(4, 0, 0));

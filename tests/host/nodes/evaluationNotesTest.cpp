@@ -100,6 +100,22 @@ TEST_F(EvaluationNotes, RefuseADeformerThatIsNotEvaluatedBehindAMesh) {
                          "or export from Maya)");
 }
 
+TEST_F(EvaluationNotes, RefuseADeformerThatGoesBeyondWhatIsEvaluated) {
+    Node& bend = make("nonLinear", "wave1");
+    connect(bend, "og[0]", makeMesh("body"), "i");
+    EXPECT_EQ(refusal(), "");
+    connect(make("deformWave", "handle", &make("transform", "t")), "dd", bend, "dd");
+    EXPECT_EQ(refusal(), "node type 'nonLinear' with a handle of type 'deformWave' is not supported: body.wave1 shapes "
+                         "the mesh (delete the history of 'body', or export from Maya)");
+}
+
+TEST_F(EvaluationNotes, RefuseAnUnknownNodeInTheGeometryOfAMesh) {
+    Node& shape = makeMesh("body");
+    connect(makeUnknown("fancyMesh", "mesh1"), "out", shape, "i");
+    EXPECT_EQ(refusal(), "node type 'fancyMesh' is not supported: body.mesh1 shapes the mesh (delete the history of "
+                         "'body', or export from Maya)");
+}
+
 TEST_F(EvaluationNotes, RefuseNoDeformerWithoutEffect) {
     Node& shape = makeMesh("body");
     Node& wrap = make("wrap", "wrap1");
