@@ -1,6 +1,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
 #include <string_view>
 
 #include "host/graph/DagPath.h"
@@ -12,6 +16,28 @@
 namespace {
 
 constexpr std::size_t kNodesToAsk = 64;
+
+// A project with one file that scenes may refer to.
+class Project {
+public:
+    Project()
+        : folder_(std::filesystem::temp_directory_path() / ("scene_fuzz_" + std::to_string(std::random_device()()))) {
+        std::filesystem::create_directory(folder_);
+        std::ofstream(folder_ / "rig.ma") << "//Maya ASCII 2018 scene\ncreateNode transform -n \"a\";\n"
+                                             "\tsetAttr -l on \".tx\";\ncreateNode transform -n \"b\" -p \"a\";\n"
+                                             "createNode animCurveTA -n \"c\";\nconnectAttr \"c.o\" \"b.rx\";\n";
+    }
+    ~Project() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+    Project(const Project&) = delete;
+    Project& operator=(const Project&) = delete;
+    std::string folder() const { return folder_.string(); }
+
+private:
+    std::filesystem::path folder_;
+};
 
 void checkNames(host::Scene& scene) {
     const std::size_t count = scene.graph().nodes().size();
@@ -80,7 +106,12 @@ void checkMeshes(host::Scene& scene) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const Project project;
     static host::Scene scene;
+    static const bool isInProject = scene.workspace().open(project.folder());
+    if (!isInProject) {
+        std::abort();
+    }
     static const std::size_t defaultCount = scene.graph().nodes().size();
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     if (scene.openText(text, "fuzz.ma").ok()) {

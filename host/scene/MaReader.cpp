@@ -1,9 +1,13 @@
 #include "host/scene/MaReader.h"
 
+#include "host/scene/References.h"
 #include "host/scene/SceneArguments.h"
 #include "host/scene/addAttrStatement.h"
+#include "host/scene/applyReferenceEdits.h"
 #include "host/scene/connectionStatements.h"
+#include "host/scene/namespaceStatement.h"
 #include "host/scene/nodeStatements.h"
+#include "host/scene/referenceStatement.h"
 #include "host/scene/sceneMessages.h"
 #include "host/scene/sceneStatements.h"
 #include "host/scene/setAttrStatement.h"
@@ -39,7 +43,12 @@ bool isIdentifier(std::string_view word) {
 // What a file's commands do here. Commands that are not listed are unknown.
 struct MaReader::Row {
     std::string_view name;
-    enum class Policy : std::uint8_t { kRun, kIgnore, kRefuse } policy;
+    enum class Policy : std::uint8_t {
+        kRun,
+        kRunForScene, // read over in a file that the scene refers to
+        kIgnore,
+        kRefuse,
+    } policy;
     Outcome (*run)(StatementContext&, ArgumentStream&) = nullptr;
 };
 
@@ -54,11 +63,12 @@ const MaReader::Row* MaReader::findRow(std::string_view command) {
         {"select", Policy::kRun, selectStatement},
         {"parent", Policy::kRun, parentStatement},
         {"disconnectAttr", Policy::kRun, disconnectAttrStatement},
-        {"fileInfo", Policy::kRun, fileInfoStatement},
+        {"fileInfo", Policy::kRunForScene, fileInfoStatement},
         {"currentUnit", Policy::kRun, currentUnitStatement},
         {"file", Policy::kRun, referenceStatement},
-        {"playbackOptions", Policy::kRun, playbackOptionsStatement},
-        {"currentTime", Policy::kRun, currentTimeStatement},
+        {"namespace", Policy::kRun, namespaceStatement},
+        {"playbackOptions", Policy::kRunForScene, playbackOptionsStatement},
+        {"currentTime", Policy::kRunForScene, currentTimeStatement},
         {"relationship", Policy::kIgnore},
         {"requires", Policy::kIgnore},
         {"lockNode", Policy::kIgnore},
@@ -96,8 +106,9 @@ const MaReader::Row* MaReader::findRow(std::string_view command) {
     return found == std::end(kRows) ? nullptr : found;
 }
 
-MaReader::MaReader(Scene& scene, std::string name, std::string_view text)
-    : scene_(scene), name_(std::move(name)), lexer_(text), context_(scene, true) {
+MaReader::MaReader(Scene& scene, std::string name, std::string_view text, References& references)
+    : scene_(scene), references_(references), name_(std::move(name)), lexer_(text), context_(scene, true) {
+    context_.references = &references;
     context_.warn = [this](const std::string& line) { warnAt(statementOffset_, line); };
     const std::size_t mark = text.substr(0, kByteOrderMark.size()) == kByteOrderMark ? kByteOrderMark.size() : 0;
     hasHeading_ = text.substr(mark, kHeading.size()) == kHeading;
@@ -110,7 +121,7 @@ SceneResult MaReader::read() {
             return {error_};
         }
     }
-    finishScene();
+    finishFile();
     return {};
 }
 
@@ -127,7 +138,8 @@ bool MaReader::runRow(const Row& row) {
         context_.finishFaces();
     }
     SceneArguments arguments(lexer_);
-    if (row.policy == Row::Policy::kRun) {
+    const bool isReference = scene_.names().scope().isReference;
+    if (row.policy == Row::Policy::kRun || (row.policy == Row::Policy::kRunForScene && !isReference)) {
         return finishStatement(row.run(context_, arguments));
     }
     if (row.policy == Row::Policy::kRefuse) {
@@ -159,15 +171,24 @@ bool MaReader::finishStatement(Outcome outcome) {
            fail(end.offset, messages::text(messages::kExpected, {"';'", mel::describeToken(end)}));
 }
 
-void MaReader::finishScene() {
+void MaReader::finishFile() {
     context_.finishFaces();
+    statementOffset_ = lexer_.text().size();
+    applyReferenceEdits(context_, references_);
     for (const Plug& plug : context_.locks) {
         const PlugFlags* known = plug.node->flags(plug.at);
         PlugFlags flags = known != nullptr ? *known : PlugFlags();
         flags.locked = true;
         scene_.graph().setFlags(plug, flags);
     }
-    statementOffset_ = lexer_.text().size();
+    removeEmptyFosterParents(context_);
+    if (!scene_.names().scope().isReference) {
+        readScriptNodes();
+    }
+}
+
+// Those of files that the scene refers to are told like its own, but say nothing of its playback range.
+void MaReader::readScriptNodes() {
     for (Node* node : scene_.graph().nodes()) {
         if (node->type().name() == "script") {
             readScriptNode(*node);
@@ -186,7 +207,9 @@ void MaReader::readScriptNode(Node& node) {
     const auto kind = static_cast<int>(graph.number(type));
     constexpr std::string_view kConfiguration = "sceneConfigurationScriptNode";
     if (kind == kSceneConfiguration || node.name() == kConfiguration) {
-        readPlayback(script);
+        if (!node.isFromReference) {
+            readPlayback(script);
+        }
     } else if (kind != kOnDemand && kind != kWindowLayout && !script.empty()) {
         context_.warn(messages::text(messages::kScriptNode, {node.name()}));
     }
@@ -217,7 +240,7 @@ bool MaReader::fail(std::size_t offset, const std::string& text) {
 }
 
 void MaReader::warnAt(std::size_t offset, const std::string& text) {
-    if (told_.insert(text).second && scene_.onWarning) {
+    if (scene_.onWarning && references_.isNews(name_ + '\n' + text)) {
         scene_.onWarning(name_ + "(" + std::to_string(lexer_.position(offset).line) + "): " + text);
     }
 }

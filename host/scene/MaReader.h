@@ -7,20 +7,21 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 
 namespace host {
 
-/// Reads one Maya ASCII text into a scene that has nothing but its default nodes. Statements are read and done one
-/// after the other, straight from the text, which must outlive the reader; memory beside the scene itself does not grow
-/// with it.
+class References;
+
+/// Reads one Maya ASCII text into a scene: the scene itself, or a file that it refers to, under the scene's current
+/// names. Statements are read and done one after the other, straight from the text, which must outlive the reader;
+/// memory beside the scene itself does not grow with it.
 ///
 /// Nothing in a file is run: statements that build the scene are done, known ones without meaning here are read over,
 /// and whatever else MEL could do is skipped with a warning. Warnings are "NAME(LINE): …", each text once; broken
 /// syntax ends the reading with "NAME:LINE:COLUMN: expected …, found …".
 class MaReader {
 public:
-    MaReader(Scene& scene, std::string name, std::string_view text);
+    MaReader(Scene& scene, std::string name, std::string_view text, References& references);
 
     SceneResult read();
 
@@ -32,19 +33,20 @@ private:
     bool runRow(const Row& row);
     bool skipUnknown(const mel::Token& command);
     bool finishStatement(Outcome outcome);
-    void finishScene();
+    void finishFile();
+    void readScriptNodes();
     void readScriptNode(Node& node);
     void readPlayback(const std::string& script);
     bool fail(std::size_t offset, const std::string& text);
     void warnAt(std::size_t offset, const std::string& text);
 
     Scene& scene_;
+    References& references_;
     std::string name_;
     mel::Lexer lexer_;
     StatementContext context_;
     std::size_t statementOffset_ = 0;
     bool hasHeading_ = false;
-    std::unordered_set<std::string> told_;
     std::string error_;
 };
 

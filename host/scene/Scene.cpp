@@ -6,9 +6,9 @@
 #include "host/nodes/ikCompute.h"
 #include "host/nodes/nodeTypes.h"
 #include "host/nodes/traxCompute.h"
-#include "host/scene/MaReader.h"
 #include "host/scene/MappedFile.h"
-#include "host/scene/codeset.h"
+#include "host/scene/References.h"
+#include "host/scene/layerNotes.h"
 #include "host/scene/sceneMessages.h"
 #include "host/scene/transformFit.h"
 
@@ -22,16 +22,12 @@ namespace {
 
 constexpr std::string_view kShapeEnding = "Shape";
 
-bool isBinaryScene(std::string_view bytes) {
-    const std::string_view start = bytes.substr(0, 4);
-    return start == "FOR4" || start == "FOR8";
-}
-
 // A shape's own name without its ending, for the transform that is made with it.
 std::string transformNameFor(const NodeType& shapeType, std::string_view shapeName) {
+    const std::size_t own = shapeName.rfind(':') + 1; // 0 without a namespace
     const std::size_t ending = shapeName.rfind(kShapeEnding);
-    if (ending == std::string_view::npos || ending == 0) {
-        return shapeType.name() + "1";
+    if (ending == std::string_view::npos || ending <= own) {
+        return std::string(shapeName.substr(0, own)) + shapeType.name() + "1";
     }
     return std::string(shapeName.substr(0, ending)) + std::string(shapeName.substr(ending + kShapeEnding.size()));
 }
@@ -114,12 +110,9 @@ void Scene::newScene() {
 
 SceneResult Scene::open(const std::string& path) {
     MappedFile file;
-    std::string error = file.open(path);
+    std::string error = openSceneFile(path, file);
     if (!error.empty()) {
         return {std::move(error)};
-    }
-    if (isBinaryScene(file.bytes())) {
-        return {messages::text(messages::kFileBinary, {path})};
     }
     SceneResult result = openText(file.bytes(), path);
     if (result.ok()) {
@@ -135,13 +128,8 @@ void Scene::setUnits(const Units& units) {
 }
 
 SceneResult Scene::openText(std::string_view text, const std::string& name) {
-    const DecodedText decoded = decodeToUtf8(text);
-    if (onWarning && (decoded.isUnknownCodeset || decoded.hasBrokenText)) {
-        const std::string_view pattern = decoded.isUnknownCodeset ? messages::kUnknownCodeset : messages::kBrokenText;
-        onWarning(name + ": " + messages::text(pattern, {findCodeset(text)}));
-    }
     newScene();
-    SceneResult result = read(decoded.isChanged ? std::string_view(decoded.storage) : text, name);
+    SceneResult result = read(text, name);
     if (!result.ok()) {
         newScene();
     }
@@ -151,7 +139,7 @@ SceneResult Scene::openText(std::string_view text, const std::string& name) {
 }
 
 SceneResult Scene::read(std::string_view text, const std::string& name) {
-    SceneResult result = MaReader(*this, name, text).read();
+    SceneResult result = References(*this).readScene(text, name);
     tieIkChains(*graph_);
     tieClips(*graph_);
     tieDeformerSpaces(*graph_);
@@ -163,6 +151,10 @@ SceneResult Scene::read(std::string_view text, const std::string& name) {
         if (onWarning) {
             onWarning(warning);
         }
+    }
+    const std::string layer = currentLayerNote(*graph_);
+    if (onWarning && !layer.empty()) {
+        onWarning(layer);
     }
     return {notes.refusal.empty() ? "" : name + ": " + notes.refusal};
 }
@@ -186,14 +178,23 @@ Node* Scene::createNode(const NodeType& type, std::string_view name, Node* paren
         return nullptr;
     }
     const std::string wanted = SceneNames::legalName(name).empty() ? defaultName(type) : std::string(name);
+    return makeNode(type, names_->scope().isPlain() ? wanted : names_->scope().nameOf(wanted), parent);
+}
+
+Node* Scene::makeNode(const NodeType& type, const std::string& wanted, Node* parent) {
     if (type.dagRole == DagRole::kNone) {
         parent = nullptr;
     } else if (parent == nullptr && type.dagRole == DagRole::kShape) {
-        parent = createNode(*types_->find("transform"), transformNameFor(type, wanted), nullptr);
+        parent = makeNode(*types_->find("transform"), transformNameFor(type, wanted), nullptr);
     } else if (parent == nullptr) {
         parent = &graph_->world();
     }
-    Node& node = graph_->create(type, names_->freeName(wanted, parent));
+    std::string given = names_->freeName(wanted, parent);
+    if (given != wanted) {
+        noteRename(wanted, given, parent);
+    }
+    Node& node = graph_->create(type, std::move(given));
+    node.isFromReference = names_->scope().isReference;
     names_->add(node);
     if (parent != nullptr) {
         graph_->addParent(node, *parent);
@@ -201,6 +202,20 @@ Node* Scene::createNode(const NodeType& type, std::string_view name, Node* paren
     }
     file_.modified = true;
     return &node;
+}
+
+// A file's own nodes never clash where the host wrote it; with the nodes of another file they may, and then the file
+// goes on to name its own.
+void Scene::noteRename(const std::string& wanted, const std::string& given, const Node* parent) {
+    NameScope& scope = names_->scope();
+    const Node* holder = parent != nullptr ? names_->child(*parent, wanted) : nullptr;
+    if (holder == nullptr) {
+        const std::vector<Node*> holders = names_->nodesNamed(wanted);
+        holder = holders.empty() ? nullptr : holders.front();
+    }
+    if (holder != nullptr && (scope.isReference || holder->isFromReference)) {
+        scope.renamed[wanted] = given;
+    }
 }
 
 SceneResult Scene::deleteNodes(const std::vector<Node*>& nodes) {

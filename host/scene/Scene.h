@@ -14,6 +14,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace host {
@@ -35,7 +36,7 @@ struct SceneFile {
     std::string path; // as given, with '/'; "" for a scene without a file
     bool modified = false;
     std::map<std::string, std::string> info; // fileInfo lines
-    std::vector<std::string> references;     // files that the scene refers to; none of them is loaded
+    std::vector<std::string> references;     // files that the scene itself refers to, as it names them, loaded or not
 };
 
 /// What `file -exportAll` and `-exportSelected` ask for.
@@ -73,6 +74,8 @@ public:
     const Graph& graph() const { return *graph_; }
     NodeTypeRegistry& types() { return *types_; }
     const SceneNames& names() const { return *names_; }
+    NameScope& nameScope() { return names_->scope(); }
+    void addNamespace(std::string name) { names_->addNamespace(std::move(name)); }
     Selection& selection() { return selection_; }
     const Selection& selection() const { return selection_; }
     Workspace& workspace() { return workspace_; }
@@ -98,8 +101,8 @@ public:
     /// Every such type costs memory for good, so after the first thousand the others share one per parent type.
     const NodeType& unknownType(std::string_view name, std::string_view parentType);
     /// Makes a node with the name asked for, or the next free one (see SceneNames::freeName); "" takes the type's name
-    /// and a number. DAG nodes come below `parent` (null: the world); a shape without one gets a transform of its own.
-    /// Null when the parent is a shape.
+    /// and a number. The name is one of the current scope. DAG nodes come below `parent` (null: the world); a shape
+    /// without one gets a transform of its own. Null when the parent is a shape.
     Node* createNode(const NodeType& type, std::string_view name, Node* parent = nullptr);
     /// Their DAG children go with them, unless these have another place. Default nodes cannot be deleted: nothing is
     /// then.
@@ -152,6 +155,8 @@ public:
 private:
     void clear();
     SceneResult read(std::string_view text, const std::string& name);
+    Node* makeNode(const NodeType& type, const std::string& wanted, Node* parent);
+    void noteRename(const std::string& wanted, const std::string& given, const Node* parent);
     std::string freeNameFor(const Node& node, std::string_view wanted, const std::vector<Node*>& parents) const;
     SceneResult addParent(Node& node, Node& parent);
     void removeParent(Node& node, Node& parent);

@@ -152,6 +152,15 @@ void SceneNames::clear() {
     byName_.clear();
     children_.clear();
     counts_.clear();
+    namespaces_.clear();
+    scope_ = NameScope();
+}
+
+bool SceneNames::isNamespace(const std::string& name) const {
+    const std::string start = name + ":";
+    return isNamespaceMade(name) || std::any_of(byName_.begin(), byName_.end(), [&](const auto& entry) {
+               return entry.first.compare(0, start.size(), start) == 0;
+           });
 }
 
 const SceneNames::Bearers* SceneNames::bearers(std::string_view name) const {

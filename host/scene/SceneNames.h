@@ -1,14 +1,17 @@
 #pragma once
 
 #include "host/graph/DagPath.h"
+#include "host/scene/NameScope.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace host {
@@ -47,7 +50,18 @@ public:
     void remove(const Node& node); // after its parents were taken away
     void clear();
 
-    // --- looking up
+    // --- namespaces
+    /// How names are read and given now. Not plain while a file is read into a namespace, and behind `namespace -set`.
+    NameScope& scope() { return scope_; }
+    const NameScope& scope() const { return scope_; }
+    /// Namespaces that were made for themselves, by a reference or by `namespace -add`: "a:b", without ':' at the end.
+    void addNamespace(std::string name) { namespaces_.insert(std::move(name)); }
+    bool isNamespaceMade(const std::string& name) const { return namespaces_.count(name) != 0; }
+    /// The same, or one that is part of a node's name. Costs a look at every name.
+    bool isNamespace(const std::string& name) const;
+
+    // --- looking up, by names as the scope has them; what is not there is looked for in the root namespace, where a
+    // referenced file finds default nodes only
     /// The one node of that name. Several paths to one node are one node.
     NodeMatch findNode(std::string_view name) const;
     /// The same with the path that the name tells: the first one when it tells none. Costs the length of the path.
@@ -94,6 +108,9 @@ private:
         bool isOnlyWay = true;
     };
 
+    NodeMatch findAbsolute(std::string_view name) const;
+    // The same for a name of the scope; `absolute` becomes the name that was found.
+    NodeMatch findInScope(std::string_view name, std::string& absolute) const;
     const Bearers* bearers(std::string_view name) const;
     void forgetCounts(std::string_view name);
     Node* walkDown(Node* from, const std::vector<std::string_view>& parts, std::size_t first, DagPath& path) const;
@@ -102,6 +119,8 @@ private:
     bool matchUpwards(const std::vector<std::string_view>& parts, std::size_t last, Node* from, EndMatch& match) const;
 
     const Graph& graph_;
+    NameScope scope_;
+    std::set<std::string> namespaces_;
     std::unordered_map<std::string, Bearers> byName_;
     std::unordered_map<ChildKey, Node*, ChildHash> children_;
     // Where counting goes on, by the text before the number. Numbers below are all taken; when a name with that text

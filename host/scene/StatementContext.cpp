@@ -42,6 +42,12 @@ Outcome Outcome::broken(ArgumentStream& arguments, std::string_view expected) {
     return {Kind::kBroken, messages::text(messages::kExpected, {expected, arguments.describeNext()}), {}};
 }
 
+void StatementContext::goTo(Node* node) {
+    const bool isLeftOut = node != nullptr && node->isDefault && scene.names().scope().isReference;
+    current = isLeftOut ? nullptr : node;
+    isCurrentUnknown = current == nullptr;
+}
+
 void StatementContext::finishFaces() {
     if (faces == nullptr) {
         return;

@@ -4,6 +4,7 @@
 #include "host/graph/parsePlugPath.h"
 #include "host/mel/Value.h"
 #include "host/scene/ArgumentStream.h"
+#include "host/scene/ReferenceEdits.h"
 #include "host/scene/Scene.h"
 
 #include <cstdint>
@@ -15,6 +16,8 @@
 #include <vector>
 
 namespace host {
+
+class References;
 
 /// How a statement ended.
 struct [[nodiscard]] Outcome {
@@ -48,6 +51,15 @@ struct StatementContext {
     bool isCurrentUnknown = false; // the file is about a node that is not here; what it says of it is left out
     /// One line about a part that is left out while the statement goes on; said once per text.
     std::function<void(const std::string&)> warn = [](const std::string&) {};
+
+    /// The other files of the scene; null for a command.
+    References* references = nullptr;
+    /// What a file changes in them, for its end.
+    std::vector<ReferenceEdits> edits;
+
+    /// Makes `node` the one that the file is about from here on. A file that the scene refers to says nothing of nodes
+    /// that every scene has.
+    void goTo(Node* node);
 
     /// Locks met in a file: a file sets and connects what it also locks.
     std::vector<Plug> locks;

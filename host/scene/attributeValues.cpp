@@ -2,6 +2,7 @@
 
 #include "host/geometry/ArrayData.h"
 #include "host/graph/plugSteps.h"
+#include "host/scene/readReferenceEdits.h"
 #include "host/scene/rowValues.h"
 #include "host/scene/sceneMessages.h"
 #include "host/scene/typedValues.h"
@@ -76,6 +77,7 @@ private:
     Outcome readString(const Plug& plug);
     Outcome readMatrixValue(const Plug& plug);
     Outcome readData(const Plug& plug, const ValueType& type);
+    Outcome readEdits(const Plug& plug);
     Outcome readAliasList(const Plug& plug);
     Outcome readFaceChunk(const PlugTarget& target);
     bool isTimeOfScene(const Plug& plug) const;
@@ -110,6 +112,11 @@ std::string_view ValueReader::typeOf(const Plug& plug) const {
 }
 
 Outcome ValueReader::readNumbers(const Plug& plug, int count) {
+    const bool isGeneric = plug.node->attribute(plug.at.attr).kind == AttrKind::kGeneric;
+    if (isGeneric && count > 1 && context_.isLoading) {
+        arguments_.skipRest(); // what takes any value, as a render layer's overrides do, is evaluated as one number
+        return Outcome::done();
+    }
     std::vector<Plug> plugs;
     if (!numberPlugs(plug, plugs) || (count != 0 && plugs.size() != static_cast<std::size_t>(count))) {
         return refuse(arguments_, request_.type.empty() ? "number" : request_.type, request_.name);
@@ -186,6 +193,15 @@ Outcome ValueReader::readData(const Plug& plug, const ValueType& type) {
     return fromGraph(context_, graph().setData(plug, std::move(data)), plug);
 }
 
+Outcome ValueReader::readEdits(const Plug& plug) {
+    ReferenceEdits edits{plug.node, {}};
+    Outcome outcome = readReferenceEdits(arguments_, edits.blocks);
+    if (outcome.ok() && context_.references != nullptr) {
+        context_.edits.push_back(std::move(edits));
+    }
+    return outcome;
+}
+
 Outcome ValueReader::readByType(const Plug& plug, const ValueType& type) {
     switch (type.form) {
     case ValueForm::kNumbers:
@@ -198,6 +214,8 @@ Outcome ValueReader::readByType(const Plug& plug, const ValueType& type) {
         return readAliasList(plug);
     case ValueForm::kPolyFaces:
         return refuse(arguments_, type.name, request_.name);
+    case ValueForm::kReferenceEdits:
+        return readEdits(plug);
     case ValueForm::kUnused:
         arguments_.skipRest();
         return Outcome::done();

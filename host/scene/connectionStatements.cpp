@@ -45,6 +45,13 @@ Outcome takeEnds(StatementContext& context, ArgumentStream& arguments, std::stri
     return outcome;
 }
 
+// What a file that the scene refers to connects to nodes that every scene has: the scene itself says what drives them,
+// and the other file may only add members to their lists.
+bool isLeftToTheScene(const StatementContext& context, const Ends& ends) {
+    return context.isLoading && context.scene.names().scope().isReference && ends.destination.node->isDefault &&
+           !ends.nextAvailable;
+}
+
 bool isFromDefaultNode(const Plug& source) {
     return source && source.node->isDefault;
 }
@@ -73,7 +80,7 @@ PlugTarget findConnectionEnd(StatementContext& context, std::string_view name) {
 Outcome connectAttrStatement(StatementContext& context, ArgumentStream& arguments) {
     Ends ends;
     Outcome outcome = takeEnds(context, arguments, "connectAttr", ends);
-    if (!outcome.ok() || !ends.source || !ends.destination) {
+    if (!outcome.ok() || !ends.source || !ends.destination || isLeftToTheScene(context, ends)) {
         return outcome;
     }
     Graph& graph = context.scene.graph();

@@ -1,4 +1,5 @@
 #include "host/scene/commandGroups.h"
+#include "host/scene/namespaceStatement.h"
 #include "host/scene/nodeStatements.h"
 #include "host/scene/sceneMessages.h"
 
@@ -69,6 +70,7 @@ CommandResult objExistsCommand(Scene& scene, const ParsedFlags& flags) {
 void registerNodeCommands(mel::CommandTable& commands, Scene& scene) {
     addStatement(commands, scene, "createNode", createNodeStatement);
     addStatement(commands, scene, "rename", renameStatement);
+    addStatement(commands, scene, "namespace", namespaceStatement);
     addCommand(commands, scene, "delete", FlagSyntax({}), deleteCommand);
     addCommand(commands, scene, "nodeType", FlagSyntax({{"i", "inherited"}, {"itn", "isTypeName"}}), nodeTypeCommand);
     addCommand(commands, scene, "objExists", FlagSyntax({}), objExistsCommand);

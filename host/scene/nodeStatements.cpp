@@ -178,8 +178,7 @@ Outcome createNodeStatement(StatementContext& context, ArgumentStream& arguments
     }
     Node* node = findShared(context, wanted);
     node = node != nullptr ? node : makeNode(context, wanted);
-    context.current = node;
-    context.isCurrentUnknown = node == nullptr;
+    context.goTo(node);
     if (node == nullptr) {
         return Outcome::skipped(messages::kUnknownType, {wanted.type});
     }
@@ -272,8 +271,7 @@ Outcome selectStatement(StatementContext& context, ArgumentStream& arguments) {
         return Outcome::broken(arguments, "the name of a node");
     }
     NodeMatch match = context.scene.find(names.front());
-    context.current = match.node;
-    context.isCurrentUnknown = !match.ok();
+    context.goTo(match.node);
     // Later versions of the host have more default nodes than this one.
     const bool isDefaultNode = names.front().front() == ':';
     return match.ok() || isDefaultNode ? Outcome::done() : Outcome::skipped(std::move(match.error));

@@ -16,7 +16,7 @@ struct HostFacts {
 
 /// Adds the MEL commands over a scene. The scene must outlive the table. Numbers are in the scene's units.
 ///
-///   nodes       createNode delete rename nodeType objExists
+///   nodes       createNode delete rename nodeType objExists namespace
 ///   DAG         parent group instance joint listRelatives xform (query)
 ///   attributes  setAttr getAttr addAttr attributeQuery
 ///   connections connectAttr disconnectAttr isConnected connectionInfo listConnections

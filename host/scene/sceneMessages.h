@@ -41,13 +41,30 @@ constexpr std::string_view kUnknownNodeType =
 constexpr std::string_view kUnknownAttribute = "unknown attribute '%1' of node type '%2' is skipped";
 constexpr std::string_view kUnknownValueType = "unknown value type '%1' is skipped: %2";
 constexpr std::string_view kScriptNode = "script node '%1' is not run";
-constexpr std::string_view kReference = "file references are not loaded in this version: %1";
 constexpr std::string_view kUnknownUnit = "unknown unit '%1'";
 constexpr std::string_view kUnknownCodeset = "codeset '%1' is not known; text beyond ASCII is kept as it is";
 constexpr std::string_view kBrokenText = "text that is not valid in codeset '%1' was replaced by '?'";
 constexpr std::string_view kNoCurrentNode = "no current node to set '%1' on";
 constexpr std::string_view kShapeAsParent = "'%1' cannot have children; '%2' is placed below the world";
 constexpr std::string_view kNotDag = "'%1' is not in the DAG and has no place below '%2'";
+
+// --- references
+constexpr std::string_view kReferenceNotLoaded =
+    "reference '%1' is not loaded, so that its nodes are missing in the scene: %2";
+constexpr std::string_view kReferenceUnloaded =
+    "reference '%1' is unloaded in the scene, so that its nodes are missing: %2";
+constexpr std::string_view kReferenceCycle = "File refers to itself, directly or through others: %1";
+constexpr std::string_view kReferenceDepth = "File lies more than %1 references deep: %2";
+constexpr std::string_view kReferenceCount = "The scene refers to too many files, or to too much in them: %1";
+constexpr std::string_view kEditsNotDone = "%1 of %2 edits of reference '%3' do not fit what it brings; the first: %4";
+constexpr std::string_view kEditCut = "an edit does not name all that it is about";
+constexpr std::string_view kEditNotKnown = "this kind of edit is not known";
+constexpr std::string_view kAttributeStays = "attribute '%1' stays";
+constexpr std::string_view kNoNamespace = "No namespace is called '%1'";
+
+// --- layers
+constexpr std::string_view kCurrentLayer = "render layer '%1' is the current one: what it overrides (%2) is as this "
+                                           "layer has it, not as the master layer does";
 
 // --- values
 constexpr std::string_view kUnknownComponent = "unknown component '%1' is skipped";

@@ -151,7 +151,7 @@ std::vector<SceneNames::EndMatch> SceneNames::endsMatching(const std::vector<std
     return matches;
 }
 
-NodeMatch SceneNames::findNode(std::string_view name) const {
+NodeMatch SceneNames::findAbsolute(std::string_view name) const {
     if (name.find('|') == std::string_view::npos) {
         const Bearers* holders = bearers(name.substr(name.substr(0, 1) == ":" ? 1 : 0));
         if (holders == nullptr) {
@@ -172,9 +172,30 @@ NodeMatch SceneNames::findNode(std::string_view name) const {
     return matches.empty() ? noMatch(name) : manyMatches(name);
 }
 
+NodeMatch SceneNames::findInScope(std::string_view name, std::string& absolute) const {
+    absolute = scope_.pathOf(name);
+    NodeMatch match = findAbsolute(absolute);
+    if (match.ok() || match.isAmbiguous) {
+        return match;
+    }
+    NodeMatch outside = findAbsolute(name);
+    if (outside.ok() && (!scope_.isReference || outside.node->isDefault)) {
+        absolute = name;
+        return outside;
+    }
+    return match;
+}
+
+NodeMatch SceneNames::findNode(std::string_view name) const {
+    std::string absolute;
+    return scope_.isPlain() ? findAbsolute(name) : findInScope(name, absolute);
+}
+
 NodeMatch SceneNames::findPath(std::string_view name, DagPath& path) const {
     path.nodes.clear();
-    NodeMatch match = findNode(name);
+    std::string absolute;
+    NodeMatch match = scope_.isPlain() ? findAbsolute(name) : findInScope(name, absolute);
+    name = scope_.isPlain() ? name : std::string_view(absolute);
     if (!match.ok() || !match.node->isDag()) {
         return match;
     }
@@ -198,7 +219,7 @@ std::string SceneNames::shortestName(const Node& node) const {
     const DagPath path = firstPath(graph_, const_cast<Node&>(node));
     for (std::size_t count = 2; count <= path.nodes.size(); ++count) {
         std::string name = joinLast(path, count);
-        if (findNode(name).ok()) {
+        if (findAbsolute(name).ok()) {
             return name;
         }
     }

@@ -3,7 +3,6 @@
 #include "host/scene/sceneMessages.h"
 #include "host/scene/statementFlags.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace host {
@@ -38,24 +37,6 @@ constexpr StatementFlag kRangeFlags[] = {
 constexpr StatementFlag kTimeFlags[] = {
     {"e", "edit", FlagValue::kNone, 0},
     {"u", "update", FlagValue::kBoolean, 0},
-};
-
-enum FileFlag : int { kReference, kDeclaration, kOtherFileText, kOtherFileNumber, kOtherFileSwitch };
-
-constexpr StatementFlag kFileFlags[] = {
-    {"r", "reference", FlagValue::kNone, kReference},
-    {"rdi", "referenceDepthInfo", FlagValue::kInteger, kDeclaration},
-    {"ns", "namespace", FlagValue::kText, kOtherFileText},
-    {"rpr", "renamingPrefix", FlagValue::kText, kOtherFileText},
-    {"rfn", "referenceNode", FlagValue::kText, kOtherFileText},
-    {"op", "options", FlagValue::kText, kOtherFileText},
-    {"typ", "type", FlagValue::kText, kOtherFileText},
-    {"shd", "sharedNodes", FlagValue::kText, kOtherFileText},
-    {"dr", "deferReference", FlagValue::kNumber, kOtherFileNumber},
-    {"lrd", "loadReferenceDepth", FlagValue::kText, kOtherFileText},
-    {"sns", "swapNamespace", FlagValue::kText, kOtherFileText},
-    {"usn", "useNamespacesDuringFileIO", FlagValue::kOptionalBoolean, kOtherFileSwitch},
-    {"mnc", "mergeNamespacesOnClash", FlagValue::kOptionalBoolean, kOtherFileSwitch},
 };
 
 using UnitLookUp = std::optional<double> (*)(std::string_view word, std::string_view& shortName);
@@ -110,30 +91,6 @@ Outcome fileInfoStatement(StatementContext& context, ArgumentStream& arguments) 
     }
     context.scene.file().info[key] = text;
     return Outcome::done();
-}
-
-Outcome referenceStatement(StatementContext& context, ArgumentStream& arguments) {
-    static const StatementFlags flags("file", kFileFlags);
-    bool isReference = false;
-    std::vector<std::string> texts;
-    Outcome outcome = flags.takeAll(context, arguments, texts, [&](const FlagUse& flag) {
-        isReference = isReference || flag.id == kReference || flag.id == kDeclaration;
-    });
-    if (!outcome.ok()) {
-        return outcome;
-    }
-    if (!isReference) {
-        return Outcome::skipped(messages::kForbiddenCommand, {"file"});
-    }
-    if (texts.empty()) {
-        return Outcome::broken(arguments, "the path of a file");
-    }
-    std::vector<std::string>& known = context.scene.file().references;
-    if (std::find(known.begin(), known.end(), texts.back()) == known.end()) {
-        known.push_back(texts.back());
-        return Outcome::skipped(messages::kReference, {texts.back()});
-    }
-    return outcome;
 }
 
 Outcome playbackOptionsStatement(StatementContext& context, ArgumentStream& arguments) {

@@ -12,9 +12,6 @@ Outcome currentUnitStatement(StatementContext& context, ArgumentStream& argument
 /// fileInfo KEY VALUE
 Outcome fileInfoStatement(StatementContext& context, ArgumentStream& arguments);
 
-/// file -r … PATH, file -rdi … PATH of a scene file: remembered and reported, never loaded.
-Outcome referenceStatement(StatementContext& context, ArgumentStream& arguments);
-
 /// playbackOptions [-min F] [-max F] [-ast F] [-aet F]; other flags of it are read over.
 Outcome playbackOptionsStatement(StatementContext& context, ArgumentStream& arguments);
 

@@ -44,7 +44,7 @@ constexpr ValueType kValueTypes[] = {
     {"lattice", ValueForm::kLattice, 0, DataKind::kLattice},
     {"subd", ValueForm::kUnused, 0, DataKind::kOther},
     {"dataPolyComponent", ValueForm::kUnused, 0, DataKind::kOther},
-    {"dataReferenceEdits", ValueForm::kUnused, 0, DataKind::kOther},
+    {"dataReferenceEdits", ValueForm::kReferenceEdits, 0, DataKind::kOther},
     {"sceneEdits", ValueForm::kUnused, 0, DataKind::kOther},
     {"characterMapping", ValueForm::kCharacterMapping, 0, DataKind::kOther},
     {"sphere", ValueForm::kUnused, 0, DataKind::kOther},

@@ -22,6 +22,7 @@ enum class ValueForm : std::uint8_t {
     kComponentList,
     kAttributeAlias,
     kPolyFaces,
+    kReferenceEdits,
     kCharacterMapping,
     kLattice,
     kUnused, // known, but nothing that evaluates needs it

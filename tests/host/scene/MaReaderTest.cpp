@@ -174,12 +174,14 @@ INSTANTIATE_TEST_SUITE_P(
             {"s.ma(3): No object matches name: gone",
              "s.ma(4): unknown attribute 'zap' of node type 'transform' is skipped",
              "s.ma(5): a.translateX and a.rotate hold different kinds of value"}},
-        SkippedRow{"ReferencesOnce",
+        SkippedRow{"MissingReferencesOnce",
                    "file -rdi 1 -ns \"b\" -rfn \"bRN\" -op \"v=0;\" -typ \"mayaAscii\" \"C:/x/b.ma\";\n"
                    "file -r -ns \"b\" -dr 1 -rfn \"bRN\" -op \"v=0;\" -typ \"mayaAscii\" \"C:/x/b.ma\";\n"
                    "file -r -rpr \"old\" -rfn \"oldRN\" \"old.ma\";",
-                   {"s.ma(2): file references are not loaded in this version: C:/x/b.ma",
-                    "s.ma(4): file references are not loaded in this version: old.ma"}},
+                   {"s.ma(3): reference 'bRN' is not loaded, so that its nodes are missing in the scene: File not "
+                    "found: C:/x/b.ma",
+                    "s.ma(4): reference 'oldRN' is not loaded, so that its nodes are missing in the scene: File not "
+                    "found: old.ma"}},
         SkippedRow{"ParentThatIsNotThere",
                    "createNode transform -n \"a\" -p \"gone\";",
                    {"s.ma(2): No object matches name: gone"}},

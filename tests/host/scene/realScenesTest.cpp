@@ -41,7 +41,7 @@ const SceneRow kScenes[] = {
     {"maya2008-skeleton", "skel.ma", {}},
     {"missing-reference-rig",
      "anim_001.ma",
-     {"(5): file references are not loaded in this version: "
+     {"(7): reference 'rhino_rig_029RN' is not loaded, so that its nodes are missing in the scene: File not found: "
       "/scenes/rhino_model_textured/waking_animation/rhino_rig_001.ma",
       "(3913): No object matches name: MayaNodeEditorSavedTabsInfo"}},
     {"phong-textures",
