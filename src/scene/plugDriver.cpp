@@ -5,6 +5,7 @@
 
 #include <maya/MFn.h>
 #include <maya/MFnAnimCurve.h>
+#include <maya/MPlugArray.h>
 
 #include <algorithm>
 #include <array>
@@ -111,6 +112,26 @@ bool inputsBehind(const MPlug& output, Plugs& inputs) {
     return false;
 }
 
+// What the clips of a character's timeline move has no connection of its own: the character is told through its
+// scheduler, and its elements change.
+bool isMovedByClips(const MPlug& element) {
+    const MObject node = element.node();
+    if (!node.hasFn(MFn::kCharacter)) {
+        return false;
+    }
+    MPlugArray connected;
+    if (!MFnDependencyNode(node).getConnections(connected)) {
+        return false;
+    }
+    for (unsigned int i = 0; i < connected.length(); ++i) {
+        const MPlug source = sourceOf(connected[i]);
+        if (!source.isNull() && textOf(MFnDependencyNode(source.node()).typeName()) == "clipScheduler") {
+            return true;
+        }
+    }
+    return false;
+}
+
 // --- nodes that drive
 
 constexpr std::array<MFn::Type, 4> kTimeCurveTypes{MFn::kAnimCurveTimeToAngular, MFn::kAnimCurveTimeToDistance,
@@ -138,6 +159,12 @@ PlugDriver driverOf(const MObject& node) {
     return driver;
 }
 
+PlugDriver connectionDriver() {
+    PlugDriver driver;
+    driver.kind = DriverKind::kConnection;
+    return driver;
+}
+
 } // namespace
 
 PlugDriver findDriver(const MPlug& plug) {
@@ -145,9 +172,13 @@ PlugDriver findDriver(const MPlug& plug) {
     std::unordered_set<std::string> seen;
     Plugs waiting{plug}; // the last is looked at first
     while (!waiting.empty()) {
-        const MPlug source = sourceOfPlugOrCompound(waiting.back());
+        const MPlug asked = waiting.back();
+        const MPlug source = sourceOfPlugOrCompound(asked);
         waiting.pop_back();
         if (source.isNull()) {
+            if (isMovedByClips(asked)) {
+                return connectionDriver();
+            }
             continue;
         }
         Plugs inputs;

@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 
 namespace tvk {
 namespace {
@@ -43,27 +42,12 @@ std::string connect(const std::string& from, const std::string& to) {
     return "connectAttr \"" + from + "\" \"" + to + "\";\n";
 }
 
-// The embedded host evaluates no animation layers and leaves their in- and outputs out; a file may add them.
 std::string layer(const std::string& name) {
-    std::string attributes;
-    for (const std::string attribute : {"output\" -sn \"o", "inputA\" -sn \"ia", "inputB\" -sn \"ib"}) {
-        attributes += "addAttr -ci true -ln \"" + attribute + "\" -at \"double\";\n\t";
-    }
-    return nodeText("animBlendNodeAdditive", name, "", attributes);
+    return nodeText("animBlendNodeAdditive", name);
 }
 
 std::string rotationLayer(const std::string& name) {
-    std::string attributes;
-    for (const auto& [longName, shortName] :
-         {std::pair("output", "o"), std::pair("inputA", "ia"), std::pair("inputB", "ib")}) {
-        attributes += std::string("addAttr -ci true -ln \"") + longName + "\" -sn \"" + shortName +
-                      "\" -at \"compound\" -nc 3;\n\t";
-        for (const auto& [axis, shortAxis] : {std::pair("X", "x"), std::pair("Y", "y"), std::pair("Z", "z")}) {
-            attributes += std::string("addAttr -ci true -ln \"") + longName + axis + "\" -sn \"" + shortName +
-                          shortAxis + "\" -at \"doubleAngle\" -p \"" + longName + "\";\n\t";
-        }
-    }
-    return nodeText("animBlendNodeAdditiveRotation", name, "", attributes);
+    return nodeText("animBlendNodeAdditiveRotation", name);
 }
 
 const std::string kSkin = nodeText("lambert", "skin");
@@ -190,6 +174,14 @@ TEST_F(PlugDriverSearch, CharactersOfCharacters) {
     expectCurve(driverOf("a", "translateX"), "first");
     expectCurve(driverOf("a", "translateY"), "second");
     EXPECT_EQ(driverOf("a", "translateZ").kind, DriverKind::kNone); // the character holds a still value
+}
+
+TEST_F(PlugDriverSearch, ClipsOfACharacter) {
+    session.open(nodeText("transform", "a") + nodeText("character", "body") + nodeText("clipScheduler", "clips") +
+                 connect("clips.ce", "body.cer") + connect("body.lv[1]", "a.tx"));
+    EXPECT_EQ(driverOf("a", "translateX").kind, DriverKind::kConnection);
+    EXPECT_TRUE(driverOf("a", "translateX").isAnimated());
+    EXPECT_EQ(driverOf("a", "translateY").kind, DriverKind::kNone);
 }
 
 TEST_F(PlugDriverSearch, BothInputsOfAPairBlendByTheirChannel) {
