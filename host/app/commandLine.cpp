@@ -34,6 +34,8 @@ void addModes(CLI::App& app, CommandLine& line, std::string& target, std::string
     app.add_option("--batch", line.batch, "export the scenes of a list file")->type_name("LIST.z3be");
     app.add_option("--jobs", jobs, "share the scenes of the list among so many processes")->type_name("N");
     app.add_flag("--print-jobs", line.printsJobs, "print a shell command for each scene of the list, and run none");
+    app.add_option("--preview", line.preview, "write a page that shows exported files: BASE.imd and what is beside it")
+        ->type_name("BASE");
     app.add_option("--report-of", line.reportOf,
                    "print what exported files cost the console: BASE.imd and those beside it")
         ->type_name("BASE");
@@ -103,11 +105,25 @@ std::string checkValues(const CommandLine& line) {
     return std::find(line.nodes.begin(), line.nodes.end(), "") != line.nodes.end() ? "--select: a name is empty" : "";
 }
 
+/// What is wrong with options that are given with a preview, which knows no scene; "" when nothing is.
+std::string checkPreview(const CommandLine& line, const GivenOptions& given) {
+    const bool exports =
+        !line.kinds.empty() || !line.settings.empty() || !line.settingsFile.empty() || !line.scene.empty();
+    const bool batches = line.jobs != 0 || line.printsJobs;
+    return exports || batches || given.select || given.target || given.project
+               ? "--preview shows what was exported: of the other options only -o goes with it"
+               : "";
+}
+
 /// What is wrong with options that are given together; "" when nothing is.
 std::string checkUse(const CommandLine& line, const GivenOptions& given) {
     const bool batches = !line.batch.empty();
-    if (batches + line.checksNames + line.runsScripts() > 1) {
-        return "only one of --batch, --check, and --script with --command, can be asked for";
+    const bool previews = !line.preview.empty();
+    if (batches + previews + line.checksNames + line.runsScripts() > 1) {
+        return "only one of --batch, --preview, --check, and --script with --command, can be asked for";
+    }
+    if (previews) {
+        return checkPreview(line, given);
     }
     if (batches && (given.output || given.select || !line.scene.empty())) {
         return "--batch takes all from its list: SCENE.ma, -o, --kinds, --settings, --set and --select do not go with "
@@ -137,7 +153,7 @@ std::string checkUse(const CommandLine& line, const GivenOptions& given) {
 
 /// What is wrong with options that ask for a report; "" when nothing is.
 std::string checkReport(const CommandLine& line, const GivenOptions& given) {
-    const bool isOther = !line.batch.empty() || line.checksNames || line.runsScripts();
+    const bool isOther = !line.batch.empty() || !line.preview.empty() || line.checksNames || line.runsScripts();
     if (line.reportOf.empty()) {
         return isOther && (line.reports || !line.reportJson.empty())
                    ? "--report and --report-json go with the export of a scene, or --report-json with --report-of"
@@ -177,7 +193,8 @@ std::string checkCommandLine(const CLI::App& app, const std::string& target, con
     const auto isGiven = [&](const char* option) { return app.count(option) != 0; };
     const GivenOptions given = {isGiven("--output") || isGiven("--kinds") || isGiven("--settings") || isGiven("--set"),
                                 isGiven("--select"), isGiven("--target"), isGiven("--project")};
-    for (const char* option : {"--batch", "--settings", "--target", "--project", "--report-of", "--report-json"}) {
+    for (const char* option :
+         {"--batch", "--preview", "--settings", "--target", "--project", "--report-of", "--report-json"}) {
         if (isGiven(option) && app.get_option(option)->as<std::string>().empty()) {
             return std::string(option) + ": the value is empty";
         }

@@ -8,7 +8,7 @@ namespace host::app {
 
 /// What the user asked for. Nothing but the words is checked: no file has been looked at.
 struct CommandLine {
-    std::string scene;                 // "" only for a batch, and when scripts run without one
+    std::string scene;                 // "" only for a batch, a preview, and scripts without one
     std::string output;                // base path of the files; "" for the scene's name in the current folder
     std::vector<std::string> kinds;    // of files, in the order given; empty for the exporter's default
     std::vector<std::string> settings; // "key=value", for the exporter
@@ -16,6 +16,7 @@ struct CommandLine {
     std::string settingsFile;          // of the exporter's settings, below `kinds` and `settings`; "" for none
     std::string script, command;       // MEL to run instead of an export
     std::string batch;                 // list file of a batch to run instead; "" for none
+    std::string preview;               // base path of exported files to show instead of an export; "" for none
     int jobs = 0;                      // processes that share the batch; 0 to run it in this one
     bool printsJobs = false;           // the batch's scenes as commands, instead of running it
     std::string project;               // folder to open as the project; "" for the one around the scene

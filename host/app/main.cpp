@@ -8,6 +8,7 @@
 #include "host/app/reportFiles.h"
 #include "host/app/runBatch.h"
 #include "host/app/runScripts.h"
+#include "host/app/showPreview.h"
 
 #include <cstddef>
 #include <exception>
@@ -24,6 +25,9 @@ constexpr std::size_t kStackBytes = sizeof(void*) >= 8 ? std::size_t{512} << 20U
 using Use = int (*)(host::Host&, host::app::Console&, const host::app::CommandLine&);
 
 Use useOf(const host::app::CommandLine& commandLine) {
+    if (!commandLine.preview.empty()) {
+        return host::app::showPreview;
+    }
     if (!commandLine.reportOf.empty()) {
         return host::app::reportFiles;
     }

@@ -1,0 +1,233 @@
+#include "host/app/preview/pageData.h"
+
+#include "host/app/preview/JsonText.h"
+#include "host/app/preview/pageModel.h"
+
+#include <array>
+#include <cmath>
+
+namespace host::app {
+namespace {
+
+using decode::FileElement;
+
+constexpr double kSteps = 4096.0; // of a unit
+
+/// What a file is, and what it means that it is not there.
+struct KindWords {
+    const char *title, *consequence;
+};
+constexpr std::array<KindWords, kFileKinds> kKindWords = {{
+    {"Model", ""},
+    {"Node animation", "Nodes and joints stand still in the model's pose."},
+    {"Material animation", "Material colours do not change."},
+    {"Texture patterns", "Each material keeps its image."},
+    {"Visibility", "Nodes are shown or hidden as in the model."},
+    {"Texture placement", "Textures do not move on their surfaces."},
+}};
+
+std::string counted(std::size_t count, const char* one, const char* many) {
+    return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+std::string framesText(const FileElement& info) {
+    return counted(static_cast<std::size_t>(info.integer("frame_size")), "frame", "frames");
+}
+
+std::string motionFacts(const decode::AnimationFile& file, const char* one, const char* many) {
+    const std::string& way = file.info->value("interpolation");
+    return framesText(*file.info) + ", " + counted(file.things.size(), one, many) + ", " +
+           (way == "key"      ? "curves"
+            : way == "linear" ? "linear"
+                              : "stepped");
+}
+
+std::string modelFacts(const ExportedFiles& files) {
+    const FileElement* const materials = materialArray(files);
+    return counted(files.model.nodes.size(), "node", "nodes") + ", " +
+           counted(materials == nullptr ? 0 : materials->children.size(), "material", "materials") + ", " +
+           counted(files.textures.images.size(), "texture", "textures");
+}
+
+/// A line about a file that is there.
+std::string factsOf(const ExportedFiles& files, FileKind kind) {
+    switch (kind) {
+    case FileKind::kImd:
+        return modelFacts(files);
+    case FileKind::kIca:
+        return motionFacts(*files.nodes, "node", "nodes");
+    case FileKind::kIma:
+        return motionFacts(*files.colors, "material", "materials");
+    case FileKind::kItp:
+        return framesText(*files.patterns->info) + ", " +
+               counted(files.patterns->entries.size(), "material", "materials");
+    case FileKind::kIva:
+        return framesText(*files.visibility->info) + ", " + counted(files.visibility->nodes.size(), "node", "nodes");
+    case FileKind::kIta:
+        return motionFacts(*files.placements, "material", "materials");
+    }
+    return "";
+}
+
+void writeFiles(const ExportedFiles& files, JsonText& json) {
+    json.beginArray();
+    for (std::size_t i = 0; i < kFileKinds; ++i) {
+        const bool isThere = files.bytes.at(i).has_value();
+        json.beginObject().name("kind").word(kFileEndings.at(i)).name("title").word(kKindWords.at(i).title);
+        json.name("isThere").boolean(isThere).name("bytes").number(files.bytes.at(i).value_or(0));
+        json.name("facts").text(isThere ? factsOf(files, static_cast<FileKind>(i)) : "");
+        json.name("consequence").word(kKindWords.at(i).consequence).endObject();
+    }
+    json.endArray();
+}
+
+std::string originOf(const FileElement& root) {
+    const FileElement* const head = root.find("head");
+    const FileElement* const create = head == nullptr ? nullptr : head->find("create");
+    return create == nullptr ? "" : "from " + create->value("source") + ", " + create->value("date");
+}
+
+void writeTotals(const FileElement& body, JsonText& json) {
+    const FileElement& info = body.child("output_info");
+    json.beginObject().name("vertices").number(info.integer("vertex_size"));
+    json.name("triangles").number(info.integer("triangle_size"));
+    json.name("quads").number(info.integer("quad_size")).endObject();
+}
+
+struct Pool {
+    const char *name, *element;
+};
+
+std::vector<std::int32_t> stepsOf(const std::vector<double>& printed, double unit) {
+    std::vector<std::int32_t> steps;
+    steps.reserve(printed.size());
+    for (const double number : printed) {
+        steps.push_back(static_cast<std::int32_t>(std::lround(number * unit)));
+    }
+    return steps;
+}
+
+// The pools of numbers, and step, size and head of every channel of every thing.
+void writeMotion(const decode::AnimationFile& file, const std::vector<Pool>& pools, double unit, JsonText& json) {
+    const std::string& filling = file.info->value("interpolation");
+    json.name("filling").word(filling).name("frameCount").number(file.frameCount);
+    json.name("pools").beginObject();
+    for (const Pool& pool : pools) {
+        const auto found = file.pools.find(pool.element);
+        const double steps = filling == "key" ? kSteps : unit;
+        json.name(pool.name).packed(found == file.pools.end() ? std::vector<std::int32_t>()
+                                                              : stepsOf(found->second, steps));
+    }
+    json.endObject();
+    std::vector<std::int32_t> channels;
+    for (const decode::AnimatedThing& thing : file.things) {
+        for (const auto& [word, channel] : thing.channels) {
+            channels.insert(channels.end(), {channel.frameStep, channel.dataSize, channel.dataHead});
+        }
+    }
+    json.name("channels").packed(channels);
+}
+
+std::size_t materialIndex(const ExportedFiles& files, const std::string& name) {
+    const std::vector<FileElement>& materials = materialArray(files)->children;
+    std::size_t index = 0;
+    while (materials[index].value("name") != name) {
+        ++index;
+    }
+    return index;
+}
+
+void writeNodeMotion(const ExportedFiles& files, JsonText& json) {
+    if (!files.nodes || files.nodes->things.empty()) {
+        json.null();
+        return;
+    }
+    json.beginObject();
+    writeMotion(*files.nodes,
+                {{"scale", "node_scale_data"}, {"rotate", "node_rotate_data"}, {"translate", "node_translate_data"}},
+                kSteps, json);
+    json.endObject();
+}
+
+void writeMaterialMotion(const ExportedFiles& files, const std::optional<decode::AnimationFile>& file,
+                         const std::vector<Pool>& pools, double unit, JsonText& json) {
+    if (!file || file->things.empty()) {
+        json.null();
+        return;
+    }
+    json.beginObject().name("materials").beginArray();
+    for (const decode::AnimatedThing& thing : file->things) {
+        json.number(materialIndex(files, thing.materialName));
+    }
+    json.endArray();
+    writeMotion(*file, pools, unit, json);
+    json.endObject();
+}
+
+// Per node the frames at which its visibility changes, and to what.
+void writeVisibility(const ExportedFiles& files, JsonText& json) {
+    if (!files.visibility) {
+        json.null();
+        return;
+    }
+    json.beginArray();
+    for (const decode::VisibilityFile::Node& node : files.visibility->nodes) {
+        json.beginArray();
+        for (const auto& [frame, value] : node.keys) {
+            json.number(frame).number(value);
+        }
+        json.endArray();
+    }
+    json.endArray();
+}
+
+std::size_t imageIndex(const ExportedFiles& files, const std::string& name) {
+    return static_cast<std::size_t>(&files.textures.image(name) - files.textures.images.data());
+}
+
+// Per material the frames at which its image changes, and to which of the model's.
+void writePatterns(const ExportedFiles& files, JsonText& json) {
+    if (!files.patterns) {
+        json.null();
+        return;
+    }
+    json.beginArray();
+    for (const decode::PatternFile::Entry& entry : files.patterns->entries) {
+        json.beginObject().name("material").number(materialIndex(files, entry.materialName));
+        json.name("keys").beginArray();
+        for (const decode::PatternFile::Key& key : entry.keys) {
+            const std::string& image = files.patterns->images.at(static_cast<std::size_t>(key.image));
+            json.number(key.frame).number(imageIndex(files, image));
+        }
+        json.endArray().endObject();
+    }
+    json.endArray();
+}
+
+} // namespace
+
+std::string pageData(const ExportedFiles& files) {
+    JsonText json;
+    json.beginObject().name("title").path(files.name).name("origin").text(originOf(files.model.root));
+    json.name("frames").beginObject().name("count").number(files.frameCount);
+    json.name("first").number(files.firstFrame).endObject();
+    writeFiles(files, json.name("files"));
+    writeTotals(files.model.root.child("body"), json.name("totals"));
+    writeNodes(files, json.name("nodes"));
+    writeMatrices(files, json.name("matrices"));
+    writePolygons(files, json.name("polygons"));
+    writeMaterials(files, json.name("materials"));
+    writeImages(files, json.name("images"));
+    writeNotes(files, json.name("notes"));
+    writeNodeMotion(files, json.name("nodeMotion"));
+    writeMaterialMotion(files, files.colors, {{"color", "mat_color_data"}}, 1.0, json.name("colorMotion"));
+    writeMaterialMotion(
+        files, files.placements,
+        {{"scale", "tex_scale_data"}, {"rotate", "tex_rotate_data"}, {"translate", "tex_translate_data"}}, kSteps,
+        json.name("placementMotion"));
+    writeVisibility(files, json.name("visibility"));
+    writePatterns(files, json.name("patterns"));
+    return json.endObject().written();
+}
+
+} // namespace host::app

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "host/app/preview/ExportedFiles.h"
+#include "host/app/preview/JsonText.h"
+
+namespace host::app {
+
+// The model's part of the page's data. Each writes one value. Throw a decode::FileError for what they cannot show.
+
+void writeNodes(const ExportedFiles& files, JsonText& json);
+void writeMatrices(const ExportedFiles& files, JsonText& json);
+void writePolygons(const ExportedFiles& files, JsonText& json);
+void writeMaterials(const ExportedFiles& files, JsonText& json);
+void writeImages(const ExportedFiles& files, JsonText& json);
+
+/// Lines about what the page leaves out of what the materials ask for.
+void writeNotes(const ExportedFiles& files, JsonText& json);
+
+/// The model's materials in their order; null when it has none.
+const decode::FileElement* materialArray(const ExportedFiles& files);
+
+} // namespace host::app
