@@ -1,0 +1,3 @@
+include(borrowedHeaders)
+tvk_borrow_headers(CLI11::CLI11 CLI)
+set(CLI11_FOUND TRUE)

@@ -1,0 +1,13 @@
+# Debian ships the sources of GoogleTest for builds like this one (package googletest).
+if(NOT TARGET GTest::gmock_main)
+    set(INSTALL_GTEST OFF)
+    set(CMAKE_POLICY_DEFAULT_CMP0048 NEW)
+    add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL)
+    foreach(library IN ITEMS gtest gmock gmock_main)
+        target_compile_options(${library} PRIVATE -w)
+        if(NOT TARGET GTest::${library})
+            add_library(GTest::${library} ALIAS ${library})
+        endif()
+    endforeach()
+endif()
+set(GTest_FOUND TRUE)
