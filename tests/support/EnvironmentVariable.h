@@ -21,11 +21,15 @@ public:
 
 private:
     void set(const char* value) const {
+#ifdef _WIN32
+        _putenv_s(name, value != nullptr ? value : ""); // which unsets it
+#else
         if (value != nullptr) {
             setenv(name, value, 1);
         } else {
             unsetenv(name);
         }
+#endif
     }
 
     const char* name;

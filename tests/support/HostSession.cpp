@@ -78,7 +78,7 @@ bool HostSession::melRuns(const std::string& script) {
 }
 
 std::string HostSession::fileText(const std::string& name) const {
-    std::ifstream in(std::filesystem::u8path(folder.path(name)), std::ios_base::binary);
+    std::ifstream in(std::filesystem::u8path(folder.path(name)));
     EXPECT_TRUE(in.is_open()) << name;
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
