@@ -35,14 +35,18 @@ function(tvk_room target)
     endif()
 endfunction()
 
-# tvk_test(NAME SOURCES a.cpp … DEPENDS rooms…): one GoogleTest program, its cases known to CTest one by one.
+# tvk_test(NAME SOURCES a.cpp … DEPENDS rooms… [TIMEOUT seconds]): one GoogleTest program, its cases known to CTest one by
+# one, each with five minutes when nothing else is said.
 # Values of parameters stay out of the names: they may be addresses, which differ from run to run.
 # Locales come from TVK_LOCALES, so that tests find the foreign ones on every machine.
 set(TVK_LOCALES "${CMAKE_SOURCE_DIR}/build/locales")
 function(tvk_test target)
-    cmake_parse_arguments(TEST "" "" "SOURCES;DEPENDS" ${ARGN})
+    cmake_parse_arguments(TEST "" "TIMEOUT" "SOURCES;DEPENDS" ${ARGN})
+    if(NOT TEST_TIMEOUT)
+        set(TEST_TIMEOUT 300)
+    endif()
     add_executable(${target} ${TEST_SOURCES})
     target_link_libraries(${target} PRIVATE ${TEST_DEPENDS} tvk_flags GTest::gmock_main)
     gtest_discover_tests(${target} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
-        PROPERTIES TIMEOUT 300 ENVIRONMENT "LOCPATH=${TVK_LOCALES}")
+        PROPERTIES TIMEOUT ${TEST_TIMEOUT} ENVIRONMENT "LOCPATH=${TVK_LOCALES}")
 endfunction()

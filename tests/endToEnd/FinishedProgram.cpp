@@ -102,9 +102,10 @@ ProgramRun FinishedProgram::run(const std::vector<std::string>& arguments, const
     const TemporaryFolder printed;
     const std::string outPath = surroundings.out.empty() ? printed.path("out") : surroundings.out;
     const std::string errorPath = printed.path("error");
-    const std::string program = surroundings.asNobody          ? copyProgramTo(printed)
-                                : surroundings.program.empty() ? TVK_PROGRAM
-                                                               : surroundings.program;
+    std::string program = surroundings.program.empty() ? TVK_PROGRAM : surroundings.program;
+    if (surroundings.asNobody) {
+        program = copyProgramTo(printed);
+    }
     const pid_t child = fork();
     if (child == 0) {
         become(program, arguments, surroundings, path(surroundings.workingFolder), outPath, errorPath);

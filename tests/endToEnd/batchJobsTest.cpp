@@ -139,6 +139,15 @@ TEST_F(BatchJobs, AFullDiskIsLoggedForItsSceneAlone) {
     EXPECT_THAT(program.names("out"), ElementsAre("house.imd", "tree.imd"));
 }
 
+TEST_F(BatchJobs, ALogOnAFullDiskIsToldAndEveryFileWritten) {
+    fs::create_symlink("/dev/full", program.path("log.txt"));
+    const ProgramRun run = batch("scene \"house.ma\"\nscene \"tree.ma\"\n", {"--jobs", "2"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errorLines(), Contains("Error: the log cannot be written: log.txt").Times(2));
+    EXPECT_THAT(program.names("out"), ElementsAre("house.imd", "tree.imd"));
+    EXPECT_THAT(program.names(), ElementsAre("list.z3be", "log.txt", "out", "scenes", "settings"));
+}
+
 TEST_F(BatchJobs, StrictTellsOfWarningsInTheLog) {
     program.write("scenes/long.ma", sceneOf(nodeText("transform", "a2345678901234567")));
     const std::string lines = "scene \"long.ma\"\nscene \"house.ma\"\n";

@@ -6,8 +6,13 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <csignal>
 #include <filesystem>
+#include <future>
 #include <sstream>
+#include <thread>
+
 namespace tvk {
 namespace {
 
@@ -195,6 +200,26 @@ TEST_F(Batch, TheWorkbenchIsStartedOnWhatWasWritten) {
     EXPECT_EQ(run.status, 0);
     EXPECT_THAT(run.errorLines(), IsEmpty());
     EXPECT_EQ(program.bytes("started.txt"), "-name\n" + program.path("my house") + "\n-imd\n-ica\n-merge\nold.imd\n");
+}
+
+// It waits as long as it takes. Somebody loses patience and ends the starter: the files stand, and a word is said.
+TEST_F(Batch, AStarterThatNeverReturnsIsWaitedForUntilItIsEnded) {
+    program.write("TVK_MTWB_Starter.exe", "#!/bin/sh\necho $$ >pid.new\nmv pid.new pid\nexec sleep 600\n");
+    std::filesystem::permissions(program.path("TVK_MTWB_Starter.exe"), std::filesystem::perms::owner_all);
+    FinishedProgram::Surroundings surroundings;
+    surroundings.environment["TVK_MTWB_ROOT"] = program.path();
+    auto exporting = std::async(std::launch::async, [&] {
+        return program.run({"scenes/house.ma", "-o", "house", "--set", "use_mtworkbench=1"}, surroundings);
+    });
+    for (int i = 0; i < 1000 && !std::filesystem::exists(program.path("pid")); ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    EXPECT_EQ(exporting.wait_for(std::chrono::seconds(1)), std::future_status::timeout);
+    EXPECT_THAT(program.bytes("house.imd"), HasSubstr("</imd>"));
+    kill(static_cast<pid_t>(std::stoi(program.bytes("pid"))), SIGTERM);
+    const ProgramRun run = exporting.get();
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errorLines().back(), "Error: Failed to start Material Workbench");
 }
 
 } // namespace

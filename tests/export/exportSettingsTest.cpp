@@ -198,6 +198,41 @@ TEST(ExportSettings, AnUnknownWordLeavesWhatIsThere) {
     EXPECT_EQ(option(settingsOf("frame_step_mode=\"3\""), "frame_step_mode"), "1");
 }
 
+// A line that sets something else than the default.
+std::string otherLine(const SettingRow& row) {
+    std::string value = "77";
+    if (row.type == SettingType::kSwitch) {
+        value = row.defaultText == "1" ? "off" : "on";
+    } else if (row.type == SettingType::kWords) {
+        value = row.words.at(row.defaultText == "0" ? 1 : 0);
+    }
+    return std::string(row.key) + "=\"" + value + "\"\n";
+}
+
+// Each in turn: what is left out has its default, and the others keep what the file says.
+TEST(ExportSettings, AKeyThatIsMissingHasItsDefault) {
+    const auto without = [](std::string_view missing) {
+        std::string lines;
+        for (const SettingRow& row : kSettingRows) {
+            lines += row.key == missing ? "" : otherLine(row);
+        }
+        return settingsOf(lines);
+    };
+    const ExportSettings all = without("");
+    for (const SettingRow& missing : kSettingRows) {
+        const ExportSettings settings = without(missing.key);
+        for (const SettingRow& row : kSettingRows) {
+            const std::string key(row.optionKey);
+            if (row.key == missing.key) {
+                EXPECT_EQ(option(settings, key), row.defaultText) << key;
+                EXPECT_NE(option(all, key), row.defaultText) << key;
+            } else {
+                EXPECT_EQ(option(settings, key), option(all, key)) << key << " without " << missing.key;
+            }
+        }
+    }
+}
+
 // --- lines
 
 TEST(ExportSettings, AValueStandsBetweenQuotes) {
@@ -260,6 +295,14 @@ TEST(ExportSettings, BinaryLinesArePassedOver) {
     EXPECT_EQ(settingsOf(std::string("start_frame=\"1\0\"\n", 17)).optionString,
               settingsOf("start_frame=\n").optionString)
         << "a closing quote behind a NUL does not count";
+}
+
+TEST(ExportSettings, ManyThousandLinesAreRead) {
+    std::string lines;
+    for (int i = 0; i < 200000; ++i) {
+        lines += i % 2 == 0 ? "# a comment\n" : "key_of_the_future=\"x\"\n";
+    }
+    EXPECT_EQ(option(settingsOf(lines + "magnify=\"2\"\n" + lines), "magnify"), "2");
 }
 
 // --- files and tables

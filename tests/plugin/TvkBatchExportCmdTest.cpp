@@ -218,16 +218,26 @@ TEST_F(BatchExportCommand, AnExportThatFailsStopsTheBatch) {
 }
 
 TEST_F(BatchExportCommand, FoldersMayVanishBetweenScenes) {
-    session.makeFolder("out2");
-    session.write("list.z3be", "# TVK_Batch_Export\n" + session.start() + "scene \"a.ma\"\nscene \"b.ma\"\n");
-    // The first export's feedback is the moment at which somebody removes the folder.
-    host::Host::instance().feedbackLine().onChange = [&] {
-        if (session.hasFile("out/a.imd")) {
-            std::filesystem::remove_all(session.folder.path("out"));
-        }
-    };
-    EXPECT_FALSE(session.batchFile(session.folder.path("list.z3be")));
-    EXPECT_THAT(session.takeMessages(), EndsWith("Error: Failed to export\n"));
+    const std::pair<const char*, const char*> cases[] = {{"out", "Error: Failed to export\n"},
+                                                         {"in", "Error: \"scene\" is wrong: b.ma\n"},
+                                                         {"set", "Error: \"z3es\" is wrong: model.z3es\n"}};
+    for (const auto& [folder, message] : cases) {
+        session.write("list.z3be", "# TVK_Batch_Export\nlog \"" + session.folder.path("log.txt") + "\"\n" +
+                                       session.start() + "scene \"a.ma\"\nz3es \"model.z3es\"\nscene \"b.ma\"\n");
+        // The first export's feedback is the moment at which somebody takes the folder away.
+        host::Host::instance().feedbackLine().onChange = [&, name = std::string(folder)] {
+            if (session.hasFile("out/a.imd")) {
+                std::filesystem::rename(session.folder.path(name), session.folder.path("taken"));
+                host::Host::instance().feedbackLine().onChange = nullptr;
+            }
+        };
+        EXPECT_FALSE(session.batchFile(session.folder.path("list.z3be"))) << folder;
+        EXPECT_THAT(session.takeMessages(), EndsWith(message)) << folder;
+        EXPECT_THAT(session.fileText("log.txt"), testing::HasSubstr("# scene: a.ma\n")) << folder;
+        std::filesystem::rename(session.folder.path("taken"), session.folder.path(folder));
+        EXPECT_FALSE(session.hasFile("out/b.imd")) << folder;
+        std::filesystem::remove(session.folder.path("out/a.imd"));
+    }
 }
 
 } // namespace

@@ -225,6 +225,16 @@ TEST_F(BatchRuns, LongLinesDisturbNobody) {
     }
 }
 
+TEST_F(BatchRuns, BinaryLinesArePassedOver) {
+    std::string noise;
+    for (int i = 0; i < 100000; ++i) {
+        noise += static_cast<char>(i * 7919 >> 3);
+    }
+    EXPECT_TRUE(session.batch(noise + "\n" + session.start() + noise + "\nscene \"a.ma\"\n" + noise));
+    EXPECT_THAT(session.takeMessages(), EndsWith("Batch Export is finished. Total 1 scene.\n"));
+    EXPECT_TRUE(session.hasFile("out/a.imd"));
+}
+
 TEST_F(BatchRuns, ManyThousandLinesAreRead) {
     std::string lines;
     for (int i = 0; i < 200000; ++i) {
