@@ -36,6 +36,18 @@ std::string buildFor(const std::string& level, const std::string& options) {
     return folder + "/build";
 }
 
+/// What Maya makes of a module file: the folder that its first line names, seen from the folder that the file is in.
+std::string folderOfModule(const FinishedProgram& files, const std::string& module) {
+    std::smatch words;
+    const std::string text = files.bytes(module);
+    if (!std::regex_match(text, words, std::regex("\\+ (?:[A-Z]+:\\S+ )*(\\S+) (\\S+) (.+)\n"))) {
+        ADD_FAILURE() << text;
+        return "";
+    }
+    const std::filesystem::path folder = std::filesystem::path(files.path(module)).parent_path() / words[3].str();
+    return folder.lexically_normal().generic_string();
+}
+
 ShellRun configure(const FinishedProgram& files, const std::string& options) {
     ShellRun run = runShell(files.path(), "rm -rf build\n'" TVK_CMAKE "' -S '" TVK_SOURCE_FOLDER
                                           "' -B build -G Ninja -DCMAKE_CXX_COMPILER='" TVK_COMPILER "' " +
@@ -90,9 +102,19 @@ TEST(Devkit, WithTheOlderCallsItExportsTheSame) {
                 << scene;
         }
     }
-    const ShellRun run = runShell(program.path(), "'" TVK_CMAKE "' --install '" + build + "' --prefix \"$PWD/folder\"");
+    const ShellRun run = runShell(program.path(), "'" TVK_CMAKE "' --install '" + build +
+                                                      "' --prefix \"$PWD/first\"\nmv first 'the module'");
     ASSERT_EQ(run.status, 0) << run.said;
-    EXPECT_EQ(program.bytes("folder/tvk_export.mod"), "+ tvk_export " TVK_VERSION " .\n");
+    EXPECT_EQ(program.bytes("the module/tvk_export.mod"), "+ tvk_export " TVK_VERSION " .\n");
+    const std::string module = folderOfModule(program, "the module/tvk_export.mod");
+    FinishedProgram::Surroundings surroundings;
+    surroundings.environment["MAYA_SCRIPT_PATH"] = module + "/scripts";
+    const ProgramRun inModule = program.run(
+        {TVK_SAMPLES "/character.ma", "--plugin", module + "/plug-ins/tvk_export.so", "--command",
+         "source TVK_ExportOpts; print(exists(\"TVK_ExportOpts\") + \" \" + exists(\"TVK_BatchExportCmd\"))"},
+        surroundings);
+    EXPECT_EQ(inModule.status, 0) << inModule.error;
+    EXPECT_EQ(inModule.out, "1 1");
 }
 
 // Everything that it asks of the host is in the release's namespace, and so are its entry points.

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <regex>
 #include <string>
+#include <utility>
 
 namespace tvk {
 namespace {
@@ -43,6 +44,30 @@ TEST(Guides, TheBatchThatIsShownGivesTheLogThatIsShown) {
     EXPECT_THAT(program.names("out"), ElementsAre("house.imd", "man_walk.ica", "man_walk.imd", "oak.imd"));
     EXPECT_THAT(decode::readModelFile(program.bytes("out/man_walk.imd")).names(),
                 ElementsAre("world_root", "hat", "hips"));
+}
+
+TEST(Guides, TheCommandsThatAreShownAreThoseOfAList) {
+    const FinishedProgram program;
+    for (const char* folder : {"art/town", "art/out", "art/settings"}) {
+        std::filesystem::create_directories(program.path(folder));
+    }
+    for (const char* scene : {"house", "tree"}) {
+        program.write(std::string("art/town/") + scene + ".ma", sceneOf(nodeText("transform", scene)));
+    }
+    program.write("art/settings/model.z3es", "# TVK_Export settings\n");
+    program.write("list.z3be", "# TVK_Batch_Export\ninput_folder \"art/town\"\noutput_folder \"art/out\"\n"
+                               "z3es_folder \"art/settings\"\nz3es \"model.z3es\"\nscene \"house.ma\"\n"
+                               "scene \"tree.ma\" -name \"old oak\" -root \"trunk,leaves\"\n");
+    const ProgramRun run = program.run({"--batch", "list.z3be", "--print-jobs"});
+    EXPECT_EQ(run.status, 0) << run.error;
+    std::string commands = run.out;
+    for (const auto& [here, shown] :
+         {std::pair<std::string, std::string>{TVK_PROGRAM, "/opt/tvk/bin/tvkexport"}, {program.path("art"), "/art"}}) {
+        for (std::size_t at = commands.find(here); at != std::string::npos; at = commands.find(here)) {
+            commands.replace(at, here.size(), shown);
+        }
+    }
+    EXPECT_EQ(commands, guideBlock("farm.md", "/opt/tvk/"));
 }
 
 TEST(Guides, TheSettingsThatAreShownAreTaken) {
