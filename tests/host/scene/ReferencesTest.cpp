@@ -106,6 +106,17 @@ TEST(References, ThatDoubleAtEveryLevelEnd) {
     EXPECT_THAT(lines.back(), testing::HasSubstr("The scene refers to too many files, or to too much in them: "));
 }
 
+// A file of five gigabytes that takes no place on the disk: it is not read at all.
+TEST(References, ToTooMuchAreNotRead) {
+    SceneFiles files;
+    files.write("huge.ma", "createNode transform -n \"a\";");
+    std::filesystem::resize_file(files.folder.path("huge.ma"), std::uintmax_t{5} << 30U);
+    files.write("main.ma", referenceText("x", "huge.ma"));
+    EXPECT_THAT(files.open("main.ma"),
+                ElementsAre("@/main.ma(3): reference 'xRN' is not loaded, so that its nodes are missing in the scene: "
+                            "The scene refers to too many files, or to too much in them: @/huge.ma"));
+}
+
 TEST(References, AnUnloadedOneStaysUnloaded) {
     SceneFiles files;
     files.write("rig.ma", "createNode transform -n \"a\";");

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <iterator>
+#include <random>
 
 namespace host {
 
@@ -211,6 +213,29 @@ TEST(ReferenceEdits, AddMembersToASetOfAReference) {
     EXPECT_EQ(rig.sourceOf("x:sg.dsm[1]"), "own.iog[0]");
 }
 
+// A scene takes the faces of a reference's mesh out of its material, and puts them into its own and another.
+TEST(ReferenceEdits, AssignMaterialsToFaces) {
+    EditedRig rig;
+    rig.write("rig.ma", "createNode transform -n \"body\";\ncreateNode mesh -n \"bodyShape\" -p \"body\";\n"
+                        "createNode shadingEngine -n \"sg\";\nconnectAttr \"bodyShape.iog\" \"sg.dsm\" -na;\n");
+    const std::string shape = "|x:body|x:bodyShape.instObjGroups";
+    EXPECT_THAT(
+        rig.open(5,
+                 "\t\t2 \"|x:body|x:bodyShape\" \"instObjGroups.objectGroups\" \" -s 2\"\n"
+                 "\t\t2 \"|x:body|x:bodyShape\" \"instObjGroups.objectGroups[1].objectGrpCompList\" "
+                 "\" -type \\\"componentList\\\" 1 \\\"f[0:3]\\\"\"\n\t\t3 \"" +
+                     shape + "\" \"x:sg.dagSetMembers\" \"-na\"\n\t\t5 4 \"xRN\" \"" + shape +
+                     ".objectGroups[1].objectGroupId\" \n\t\t\"xRN.placeHolderList[1]\" \"\"\n\t\t5 3 \"xRN\" \"" +
+                     shape + ".objectGroups[1]\" \n\t\t\"xRN.placeHolderList[2]\" \"own.dsm\"",
+                 "createNode groupId -n \"g\";\ncreateNode shadingEngine -n \"own\";\n"
+                 "connectAttr \"g.id\" \"xRN.phl[1]\";\nconnectAttr \"xRN.phl[2]\" \"own.dsm\" -na;\n"),
+        IsEmpty());
+    EXPECT_EQ(rig.sourceOf("x:sg.dsm[0]"), "");
+    EXPECT_EQ(rig.sourceOf("own.dsm[0]"), "x:bodyShape.iog[0].og[1]");
+    EXPECT_EQ(rig.sourceOf("x:bodyShape.iog[0].og[1].gid"), "g.id");
+    EXPECT_EQ(rig.opened.texts("x:bodyShape.iog[0].og[1].gcl"), std::vector<std::string>{"f[0:3]"});
+}
+
 TEST(ReferenceEdits, UnlockBeforeAndLockAfter) {
     EditedRig rig;
     rig.write("rig.ma", "createNode transform -n \"a\";\n\tsetAttr -l on \".tx\" 1;\n");
@@ -244,6 +269,54 @@ TEST(ReferenceEdits, OfNestedReferences) {
     EXPECT_EQ(rig.opened.number("m:x:root.tx"), 3.0);
     EXPECT_EQ(rig.opened.number("m:x:root.ty"), 2.0);
     EXPECT_EQ(rig.opened.number("m:x:hand.tx"), 4.0);
+}
+
+// Pieces of edits in any order, with any counts: the scene opens, and says so.
+TEST(ReferenceEdits, MixedAtRandomNeverBreakTheScene) {
+    const char* const pieces[] = {"0",
+                                  "1",
+                                  "2",
+                                  "3",
+                                  "4",
+                                  "5",
+                                  "6",
+                                  "7",
+                                  "8",
+                                  "9",
+                                  "-3",
+                                  "999999999999",
+                                  "\"xRN\"",
+                                  "\"x:root\"",
+                                  "x:hand",
+                                  "\"x:other\"",
+                                  "\"\"",
+                                  "\" -s -r\"",
+                                  "\"xRN.phl[1]\"",
+                                  "\"xRN.phl[2]\"",
+                                  "\"x:hand.rotateZ\"",
+                                  "\"x:turn.output\"",
+                                  "\"translateX\"",
+                                  "\" 4\"",
+                                  "\"x:layer.drawInfo\"",
+                                  "\"x:root.drawOverride\"",
+                                  "\" -at \\\"long\\\"\"",
+                                  "\"-w\"",
+                                  "\"|x:root|x:hand\"",
+                                  "\"a;b\"",
+                                  "\"\\\"\""};
+    std::mt19937 random(11);
+    EditedRig rig;
+    for (int run = 0; run < 150; ++run) {
+        std::string text;
+        for (std::size_t count = random() % 25; count > 0; --count) {
+            text += std::string(pieces[random() % std::size(pieces)]) + " ";
+        }
+        rig.open(static_cast<int>(random() % 5), text,
+                 "createNode transform -n \"own\";\nconnectAttr \"own.tx\" \"xRN.phl[1]\";\n"
+                 "connectAttr \"xRN.phl[1]\" \"xRN.phl[2]\";\nconnectAttr \"xRN.phl[2]\" \"own.ty\";\n");
+        EXPECT_TRUE(rig.opened.result.ok()) << text;
+        EXPECT_NE(rig.opened.node("own"), nullptr) << text;
+    }
 }
 
 } // namespace
