@@ -43,9 +43,9 @@ public:
         }
     }
 
-    void addEdgesBetween(std::int32_t lower, std::int32_t upper) {
+    void addEdgesBetween(std::int32_t lower, std::int32_t upper, bool smooth = true) {
         for (std::int32_t j = 0; j < around_; ++j) {
-            builder_.addEdge(vertex(lower, j), vertex(upper, j), true);
+            builder_.addEdge(vertex(lower, j), vertex(upper, j), smooth);
         }
     }
 
@@ -73,10 +73,10 @@ public:
     bool hasUvs() const { return uvs_; }
 
     /// Edges between a vertex and a whole ring.
-    void addSpokes(std::int32_t ring, std::int32_t middle, bool fromMiddle) {
+    void addSpokes(std::int32_t ring, std::int32_t middle, bool fromMiddle, bool smooth = true) {
         for (std::int32_t j = 0; j < around_; ++j) {
             const std::int32_t rim = vertex(ring, j);
-            builder_.addEdge(fromMiddle ? middle : rim, fromMiddle ? rim : middle, true);
+            builder_.addEdge(fromMiddle ? middle : rim, fromMiddle ? rim : middle, smooth);
         }
     }
 

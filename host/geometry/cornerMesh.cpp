@@ -60,6 +60,7 @@ private:
         std::int32_t old;        // edge of the old mesh, or kGone
         std::int32_t edge;
         bool smooth;
+        bool isForward; // along the old edge
     };
 
     RebuiltMesh finish() {
@@ -82,15 +83,15 @@ private:
 
     bool isSmooth(const Side& side) const { return side.old == kGone || topology_.edges()[at(side.old)].smooth; }
 
-    /// The old edge that leads from one corner to another.
+    /// The edge that leads from one old corner to another, as a corner edge; kDerived when there is none.
     std::int32_t oldEdge(std::int32_t corner, std::int32_t next) const {
         if (corner == kGone || next == kGone) {
-            return kGone;
+            return CornerMesh::kDerived;
         }
         const std::int32_t edge = topology_.cornerEdges()[at(corner)];
         const MeshEdge& ends = topology_.edges()[at(MeshTopology::edgeNumber(edge))];
         const std::int32_t end = edge >= 0 ? ends.end : ends.start;
-        return end == topology_.cornerVertices()[at(next)] ? MeshTopology::edgeNumber(edge) : kGone;
+        return end == topology_.cornerVertices()[at(next)] ? edge : CornerMesh::kDerived;
     }
 
     void findSides() {
@@ -100,11 +101,13 @@ private:
             const std::int32_t last = from_.loopStarts[loop + 1];
             for (std::int32_t corner = first; corner < last; ++corner) {
                 const std::int32_t next = corner + 1 == last ? first : corner + 1;
-                const std::int32_t said = from_.oldEdges[at(corner)];
-                const std::int32_t old = said != CornerMesh::kDerived
-                                             ? said
-                                             : oldEdge(from_.cornerFrom[at(corner)], from_.cornerFrom[at(next)]);
-                sides_.push_back({from_.cornerVertices[at(corner)], from_.cornerVertices[at(next)], old, kGone, true});
+                std::int32_t old = from_.oldEdges[at(corner)];
+                if (old == CornerMesh::kDerived) {
+                    old = oldEdge(from_.cornerFrom[at(corner)], from_.cornerFrom[at(next)]);
+                }
+                const bool isKnown = old != CornerMesh::kDerived;
+                sides_.push_back({from_.cornerVertices[at(corner)], from_.cornerVertices[at(next)],
+                                  isKnown ? MeshTopology::edgeNumber(old) : kGone, kGone, true, !isKnown || old >= 0});
             }
         }
     }
@@ -129,12 +132,13 @@ private:
         if (!isNew) {
             return entry->second;
         }
-        const bool smooth = isSmooth(side);
+        const MeshEdge made{side.isForward ? side.start : side.end, side.isForward ? side.end : side.start,
+                            isSmooth(side)};
         if (side.old != kGone && edges_[at(side.old)].start == kGone) {
-            edges_[at(side.old)] = {side.start, side.end, smooth};
+            edges_[at(side.old)] = made;
             return entry->second = side.old;
         }
-        edges_.push_back({side.start, side.end, smooth});
+        edges_.push_back(made);
         edgeFrom_.push_back(side.old);
         return entry->second = static_cast<std::int32_t>(edges_.size()) - 1;
     }

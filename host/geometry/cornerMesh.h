@@ -3,6 +3,7 @@
 #include "host/geometry/meshNumbers.h"
 
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -12,7 +13,8 @@ namespace host {
 struct CornerMesh {
     explicit CornerMesh(std::shared_ptr<Points> vertices) : points(std::move(vertices)) {}
 
-    /// `oldEdge`: what its side was; kDerived: the edge that led from the old corner to that of the next one.
+    /// `oldEdge`: what its side was, written like a corner edge of MeshTopology; kDerived: the edge that led from the
+    /// old corner to that of the next one.
     void addCorner(std::int32_t from, std::int32_t vertex, std::int32_t oldEdge = kDerived) {
         cornerFrom.push_back(from);
         cornerVertices.push_back(vertex);
@@ -26,7 +28,7 @@ struct CornerMesh {
         return static_cast<std::int32_t>(points->size()) - 1;
     }
 
-    static constexpr std::int32_t kDerived = -2;
+    static constexpr std::int32_t kDerived = std::numeric_limits<std::int32_t>::min();
 
     std::shared_ptr<Points> points;
     Ids oldEdges;       // per corner

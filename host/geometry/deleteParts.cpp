@@ -326,8 +326,9 @@ std::shared_ptr<MeshData> meshOf(const MeshData& mesh, const std::vector<Face>& 
         numbers.faces[at(face.from)] = made.faceCount();
         for (const Loop& loop : face.loops) {
             for (const Corner& corner : loop) {
+                const bool isWhole = corner.edge == edgeOf(topology, corner.from);
                 made.addCorner(corner.from, numbers.vertices[at(topology.cornerVertices()[at(corner.from)])],
-                               corner.edge);
+                               isWhole ? topology.cornerEdges()[at(corner.from)] : corner.edge);
             }
             made.closeLoop();
         }

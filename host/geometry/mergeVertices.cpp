@@ -201,8 +201,7 @@ private:
                 const std::int32_t before = next == topology_.firstCornerOfLoop(face, loop)
                                                 ? topology_.firstCornerOfLoop(face, loop + 1) - 1
                                                 : next - 1; // the last corner of those that stand here now
-                made_.addCorner(corners[i], vertexOf(corners[i]),
-                                MeshTopology::edgeNumber(topology_.cornerEdges()[at(before)]));
+                made_.addCorner(corners[i], vertexOf(corners[i]), topology_.cornerEdges()[at(before)]);
             }
             made_.closeLoop();
         }

@@ -116,10 +116,10 @@ private:
 
     void addEdges() {
         for (std::int32_t ring = 0; ring <= up_; ++ring) {
-            maker_.addRingEdges(ring, ring != 0 && ring != up_);
+            maker_.addRingEdges(ring, ring != 0 && ring != up_ && !shape_.hardSides);
         }
         for (std::int32_t ring = 0; ring < up_; ++ring) {
-            maker_.addEdgesBetween(ring, ring + 1);
+            maker_.addEdgesBetween(ring, ring + 1, !shape_.hardSides);
         }
         if (middle_ >= 0) {
             maker_.addSpokes(0, middle_, true);
@@ -173,15 +173,15 @@ private:
 
     void addEdges() {
         for (std::int32_t ring = 0; ring < up_; ++ring) {
-            maker_.addRingEdges(ring, ring != 0);
+            maker_.addRingEdges(ring, ring != 0 && !shape_.hardSides);
         }
         for (std::int32_t ring = 0; ring + 1 < up_; ++ring) {
-            maker_.addEdgesBetween(ring, ring + 1);
+            maker_.addEdgesBetween(ring, ring + 1, !shape_.hardSides);
         }
         if (middle_ >= 0) {
             maker_.addSpokes(0, middle_, true);
         }
-        maker_.addSpokes(up_ - 1, apex_, false);
+        maker_.addSpokes(up_ - 1, apex_, false, !shape_.hardSides);
     }
 
     void addSide() {

@@ -38,6 +38,7 @@ struct CylinderShape {
     std::int32_t divisionsAxis = 20, divisionsHeight = 1;
     bool fanCaps = true; // caps of triangles around a middle vertex; else one face each
     bool uvs = true;
+    bool hardSides = false; // of a prism, all edges between the caps are hard
 };
 std::shared_ptr<MeshData> makeCylinder(const CylinderShape& shape);
 
@@ -46,6 +47,7 @@ struct ConeShape {
     std::int32_t divisionsAxis = 20, divisionsHeight = 1;
     bool fanCap = false;
     bool uvs = true;
+    bool hardSides = false; // of a pyramid, all edges up to the apex are hard
 };
 std::shared_ptr<MeshData> makeCone(const ConeShape& shape);
 

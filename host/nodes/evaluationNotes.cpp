@@ -3,9 +3,11 @@
 #include "host/nodes/deformerCompute.h"
 #include "host/nodes/geometryPlugs.h"
 #include "host/nodes/handleCompute.h"
+#include "host/nodes/historySettings.h"
 #include "host/nodes/ikCompute.h"
 #include "host/nodes/latticeCompute.h"
 #include "host/nodes/nodeTreatment.h"
+#include "host/nodes/numberRefusal.h"
 
 #include <algorithm>
 #include <iterator>
@@ -37,18 +39,21 @@ bool isHarmless(const Node& node, AttrIndex attr) {
     return std::find(std::begin(kHarmless), std::end(kHarmless), node.attribute(attr).longName) != std::end(kHarmless);
 }
 
-/// A number that nothing changes while the scene is open, unless a script does.
-bool isSteady(Graph& graph, Node& node, std::string_view attribute, double value) {
-    const Plug plug{&node, graph.findPlug(node, attribute)};
-    return plug && !graph.isDriven(plug) && graph.number(plug) == value;
-}
-
 /// Why a node of a type that is evaluated is not, to go on after its type; empty when it is.
 std::string limitOf(Graph& graph, Node& node) {
     if (node.type().isKindOf("nonLinear")) {
         return limitOfNonLinear(graph, node);
     }
-    return node.type().isKindOf("ffd") ? limitOfFfd(graph, node) : std::string();
+    if (node.type().isKindOf("ffd")) {
+        return limitOfFfd(graph, node);
+    }
+    const std::string setting = findUnsupportedSetting(graph, node);
+    return setting.empty() ? setting : " with this '" + setting + "'";
+}
+
+/// Whether the file has faces for a mesh, which are shown where its history gives none.
+bool storesFaces(Graph& graph, Node& node) {
+    return node.type().isKindOf("mesh") && !graph.elementIndices({&node, graph.findPlug(node, "face")}).empty();
 }
 
 /// Whether the shape is seen, or another reads it.
@@ -80,6 +85,9 @@ public:
         for (Node* node : graph_.nodes()) {
             if (notes_.refusal.empty() && isMeshInUse(graph_, *node)) {
                 findRefused(*node);
+                if (notes_.refusal.empty()) {
+                    notes_.refusal = findNumberRefusal(graph_, *node, shownFor(*node).name());
+                }
             }
             if (isWatched(*node)) {
                 findDrivers(*node);
@@ -124,6 +132,9 @@ private:
                                  "', or export from Maya)";
                 return;
             }
+            if (storesFaces(graph_, node)) {
+                continue;
+            }
             for (const auto& [at, source] : node.incoming()) {
                 if (carriesGeometry(node.attribute(at.attr)) && seen.insert(source.node).second) {
                     open.push_back(source.node);
@@ -136,8 +147,9 @@ private:
     bool hasEffect(const Node& asked) {
         Node& node = *graph_.node(asked.id());
         const bool isDeformer = node.type().isKindOf("geometryFilter");
+        const bool isModifier = node.type().isKindOf("polyModifier") || node.type().isKindOf("deleteComponent");
         for (const double state : {1.0, 2.0, 4.0, 5.0}) {
-            if ((passesOn(node) || isDeformer) && isSteady(graph_, node, "nodeState", state)) {
+            if ((passesOn(node) || isDeformer || isModifier) && isSteady(graph_, node, "nodeState", state)) {
                 return false;
             }
         }

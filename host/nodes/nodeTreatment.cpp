@@ -17,9 +17,9 @@ constexpr std::string_view kPasses = "passes its input through";
 constexpr std::string_view kMakesNothing = "makes no mesh";
 
 constexpr Consequence kConsequences[] = {
-    {"polyModifier", Treatment::kPassedThrough, kPasses}, {"geometryFilter", Treatment::kRefused, kPasses},
-    {"copyColorSet", Treatment::kPassedThrough, kPasses}, {"polyBase", Treatment::kKept, kMakesNothing},
-    {"nurbsTessellate", Treatment::kKept, kMakesNothing}, {"subdToPoly", Treatment::kKept, kMakesNothing},
+    {"polyModifier", Treatment::kRefused, kMakesNothing},    {"geometryFilter", Treatment::kRefused, kPasses},
+    {"copyColorSet", Treatment::kRefused, kPasses},          {"polyBase", Treatment::kRefused, kMakesNothing},
+    {"nurbsTessellate", Treatment::kRefused, kMakesNothing}, {"subdToPoly", Treatment::kRefused, kMakesNothing},
     {"deformFunc", Treatment::kRefused, "moves nothing"},
 };
 constexpr Consequence kUsual{"", Treatment::kKept, "keeps its stored values"};

@@ -1,16 +1,18 @@
 #include "host/nodes/polyCompute.h"
 
+#include "host/nodes/deformerCompute.h"
 #include "host/nodes/historyCompute.h"
 #include "host/nodes/meshRows.h"
 #include "host/nodes/paintCorners.h"
 #include "host/nodes/polyModifier.h"
 
+#include "host/geometry/detachment.h"
+#include "host/geometry/faceOrder.h"
 #include "host/geometry/meshComponents.h"
 #include "host/geometry/meshEdits.h"
 #include "host/geometry/quadrangulation.h"
 #include "host/geometry/triangulation.h"
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <utility>
@@ -61,15 +63,28 @@ void softenChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
                         workingSpace(evaluation, node));
 }
 
+/// The faces that a normal mode turns round, by its number.
+std::vector<bool> reversedFaces(double mode, const MeshTopology& topology, const std::vector<bool>& chosen) {
+    constexpr double kPropagate = 1;
+    constexpr double kConform = 2;
+    constexpr double kReverseAndPropagate = 4;
+    return mode == kPropagate             ? facesToReverse(topology, chosen, WindingRule::kAsChosen)
+           : mode == kConform             ? facesToReverse(topology, chosen, WindingRule::kAsMost)
+           : mode == kReverseAndPropagate ? facesToReverse(topology, chosen, WindingRule::kUnlikeChosen)
+                                          : chosen;
+}
+
 void reverseChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
     static const AttrIndex kMode = node.type().find("normalMode");
     static const AttrIndex kUserNormals = node.type().find("userNormalMode");
-    if (evaluation.number(node, kMode) != 0.0) {
-        evaluation.warn(node.name() + ": only the normal mode 'reverse' is supported (its input passes through)");
-        return;
+    constexpr double kReverseAndCut = 3;
+    const double mode = evaluation.number(node, kMode);
+    const std::vector<bool> chosen = namedFaces(*chosenOf(evaluation, node), *mesh.topology);
+    if (mode == kReverseAndCut) {
+        mesh = *detachFaces(mesh, chosen, true);
     }
-    mesh = *reverseFaces(mesh, namedFaces(*chosenOf(evaluation, node), *mesh.topology),
-                         evaluation.number(node, kUserNormals) != 0.0);
+    mesh =
+        *reverseFaces(mesh, reversedFaces(mode, *mesh.topology, chosen), evaluation.number(node, kUserNormals) != 0.0);
 }
 
 void triangulateChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
@@ -93,27 +108,15 @@ void unmapChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
     }
 }
 
-void deleteChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
-    static const AttrIndex kComponents = node.type().find("deleteComponents");
-    const auto list = componentsOf(evaluation, node, kComponents);
-    const bool hasOthers = std::any_of(list->ranges.begin(), list->ranges.end(),
-                                       [](const ComponentRange& range) { return range.kind != ComponentKind::kFace; });
-    if (hasOthers) {
-        evaluation.warn(node.name() + ": only faces can be deleted (its edges and vertices stay)");
-    }
-    std::vector<bool> keeps = namedFaces(*list, *mesh.topology);
-    keeps.flip();
-    mesh = *keepFaces(mesh, keeps);
-}
-
 } // namespace
 
 void computeNoMesh(Evaluation& evaluation, Node& node, const PlugAddress& output) {
     evaluation.putData(node, output, nullptr);
 }
 
-void computePassingModifier(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    evaluation.putData(node, output, evaluation.data(node, address(modifierAttributes(node).input)));
+void computeRefusedModifier(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    const PlugAddress input = address(modifierAttributes(node).input);
+    evaluation.putData(node, output, hasNoEffect(evaluation, node) ? evaluation.data(node, input) : nullptr);
 }
 
 void computePolyTweak(Evaluation& evaluation, Node& node, const PlugAddress& output) {
@@ -146,10 +149,6 @@ void computePolyMapDel(Evaluation& evaluation, Node& node, const PlugAddress& ou
 
 void computePolyColorPerVertex(Evaluation& evaluation, Node& node, const PlugAddress& output) {
     putChanged(evaluation, node, modifierAttributes(node).input, output, paintCorners);
-}
-
-void computeDeleteComponent(Evaluation& evaluation, Node& node, const PlugAddress& output) {
-    putChanged(evaluation, node, node.type().find("inputGeometry"), output, deleteChosen);
 }
 
 void computePolyUnite(Evaluation& evaluation, Node& node, const PlugAddress& output) {

@@ -1,6 +1,7 @@
 #include "host/nodes/apiTypes.h"
 #include "host/nodes/historyCompute.h"
 #include "host/nodes/polyCompute.h"
+#include "host/nodes/polyFaceCompute.h"
 #include "host/nodes/typeRows.h"
 #include "host/nodes/typeTables.h"
 
@@ -56,9 +57,72 @@ constexpr AttributeRow kPolyQuad[] = {
 };
 
 constexpr AttributeRow kPolySubdFace[] = {
-    {"divisions", "dv", "long", {}, 1, kKeyable}, {"divisionsU", "du", "long", {}, 2},
-    {"divisionsV", "dvv", "long", {}, 2},         {"mode", "m", "enum"},
-    {"subdMethod", "sbm", "enum", {}, 1},
+    {"divisions", "dv", "long", {}, 1, kKeyable},
+    {"divisionsU", "du", "long", {}, 2},
+    {"divisionsV", "dvv", "long", {}, 2},
+    {"mode", "m", "enum"},
+    {"subdMethod", "sbm", "enum"},
+};
+
+constexpr AttributeRow kPolySmoothFace[] = {
+    {"method", "mth", "enum"},
+    {"subdivisionType", "sdt", "enum"},
+    {"osdVertBoundary", "ovb", "enum", {}, 1},
+    {"osdFvarBoundary", "ofb", "enum", {}, 3},
+    {"osdFvarPropagateCorners", "ofc", "bool"},
+    {"osdSmoothTriangles", "ost", "bool"},
+    {"osdCreaseMethod", "ocr", "enum"},
+    {"divisions", "dv", "long", {}, 1, kKeyable},
+    {"continuity", "c", "float", {}, 1, kKeyable},
+    {"smoothUVs", "suv", "bool"},
+    {"keepBorder", "kb", "bool", {}, 1},
+    {"keepSelectionBorder", "ksb", "bool", {}, 1},
+    {"keepHardEdge", "khe", "bool"},
+    {"keepTessellation", "kt", "bool", {}, 1},
+    {"keepMapBorders", "kmb", "enum", {}, 1},
+    {"propagateEdgeHardness", "peh", "bool"},
+    {"subdivisionLevels", "sl", "long", {}, 1},
+    {"divisionsPerEdge", "dpe", "long", {}, 1},
+    {"pushStrength", "ps", "float"},
+    {"roundness", "ro", "float"},
+    {"maya65", "ma", "bool"},
+    {"maya2008", "m08", "bool"},
+};
+
+constexpr AttributeRow kPolyMergeVert[] = {
+    {"distance", "d", "distance", {}, 0.01, kKeyable},
+    {"texture", "tx", "bool", {}, 1},
+    {"alwaysMergeTwoVertices", "am", "bool"},
+};
+
+/// Of modifiers that move what they work on.
+constexpr AttributeRow kPolyMove[] = {
+    {"translate", "t", "distance3", "XYZ", 0, kKeyable},
+    {"rotate", "r", "angle3", "XYZ", 0, kKeyable},
+    {"scale", "s", "double3", "XYZ", 1, kKeyable},
+    {"pivot", "pvt", "floatLinear3", "XYZ=pv"},
+    {"random", "ran", "float"},
+    {"randomSeed", "rs", "long"},
+    {"localTranslate", "lt", "distance3", "XYZ", 0, kKeyable},
+    {"localRotate", "lr", "angle3", "XYZ", 0, kKeyable},
+    {"localScale", "ls", "double3", "XYZ", 1, kKeyable},
+    {"localDirection", "ld", "double3", "XYZ", {1, 0, 0}},
+};
+
+constexpr AttributeRow kPolyChipOff[] = {
+    {"offset", "off", "float", {}, 0, kKeyable},
+    {"keepFacesTogether", "kft", "bool", {}, 1},
+    {"duplicate", "dup", "bool", {}, 1},
+};
+
+constexpr AttributeRow kPolySeparate[] = {
+    {"inputPoly", "ip", "mesh"},
+    {"icount", "ic", "long"},
+    {"output", "out", "mesh", {}, 0, kArray | kComputed},
+};
+
+constexpr AttributeRow kPolyDelEdge[] = {
+    {"cleanVertices", "cv", "bool"},
 };
 
 constexpr AttributeRow kPolyMapDel[] = {
@@ -93,7 +157,7 @@ constexpr AttributeRow kUvSetNode[] = {
 };
 
 constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
-constexpr TypeBehaviour kPassingModifier{DagRole::kNone, computePassingModifier, {}, true};
+constexpr TypeBehaviour kRefusedModifier{DagRole::kNone, computeRefusedModifier, {}, true};
 constexpr TypeBehaviour kPassingGeometry{DagRole::kNone, computePassingGeometry, {}, true};
 
 constexpr TypeBehaviour computedBy(ComputeFunction compute) {
@@ -102,8 +166,12 @@ constexpr TypeBehaviour computedBy(ComputeFunction compute) {
 
 constexpr TypeRow kTypes[] = {
     {"polyUnite", "polyCreator", api::kPolyUnite, kPolyUnite, computedBy(computePolyUnite)},
-    {"polySeparate", "polyBase", api::kPolySeparate},
-    {"polyModifier", "polyBase", api::kMidModifier, kPolyModifier, kPassingModifier},
+    {"polySeparate", "dependNode", api::kPolySeparate, kPolySeparate, computedBy(computePolySeparate)},
+    {"polyModifier", "polyBase", api::kMidModifier, kPolyModifier, kRefusedModifier},
+    {"polyMoveVertex", "polyModifier", api::kPolyMoveVertex, kPolyMove, computedBy(computePolyMove)},
+    {"polyMoveEdge", "polyMoveVertex", api::kPolyMoveEdge},
+    {"polyMoveFace", "polyMoveVertex", api::kPolyMoveFacet},
+    {"polyChipOff", "polyMoveFace", api::kPolyChipOff, kPolyChipOff, computedBy(computePolyChipOff)},
     {"polyAppend", "polyModifier", api::kPolyAppend},
     {"polyAppendVertex", "polyModifier", api::kPolyAppendVertex},
     {"polyAutoProj", "polyModifier", api::kPolyAutoProj},
@@ -114,7 +182,6 @@ constexpr TypeRow kTypes[] = {
     {"polyBoolOp", "polyBase", api::kPolyBoolOp},
     {"polyCBoolOp", "polyBase", api::kPolyCBoolOp},
     {"polyBridgeEdge", "polyModifier", api::kPolyBridgeEdge},
-    {"polyChipOff", "polyModifier", api::kPolyChipOff},
     {"polyCloseBorder", "polyModifier", api::kPolyCloseBorder},
     {"polyCollapseEdge", "polyModifier", api::kPolyCollapseEdge},
     {"polyCollapseF", "polyModifier", api::kPolyCollapseF},
@@ -123,13 +190,13 @@ constexpr TypeRow kTypes[] = {
     {"polyColorPerVertex", "polyModifier", api::kPolyColorPerVertex, kPolyColorPerVertex,
      computedBy(computePolyColorPerVertex)},
     {"polyConnectComponents", "polyModifier", api::kPolyConnectComponents},
-    {"polyCrease", "polyModifier", api::kPolyCrease},
-    {"polyCreaseEdge", "polyModifier", api::kPolyCreaseEdge},
+    {"polyCrease", "polyModifier", api::kPolyCrease, computedBy(computeUnchanged)},
+    {"polyCreaseEdge", "polyModifier", api::kPolyCreaseEdge, computedBy(computeUnchanged)},
     {"polyCut", "polyModifier", api::kPolyCut},
     {"polyCylProj", "polyModifier", api::kPolyCylProj},
-    {"polyDelEdge", "polyModifier", api::kPolyDelEdge},
-    {"polyDelFacet", "polyModifier", api::kPolyDelFacet},
-    {"polyDelVertex", "polyModifier", api::kPolyDelVertex},
+    {"polyDelEdge", "polyModifier", api::kPolyDelEdge, kPolyDelEdge, computedBy(computePolyDelEdge)},
+    {"polyDelFacet", "polyModifier", api::kPolyDelFacet, computedBy(computePolyDelFacet)},
+    {"polyDelVertex", "polyModifier", api::kPolyDelVertex, computedBy(computePolyDelVertex)},
     {"polyDuplicateEdge", "polyModifier", api::kPolyDuplicateEdge},
     {"polyEditEdgeFlow", "polyModifier", api::kPolyEditEdgeFlow},
     {"polyExtrudeEdge", "polyModifier", api::kPolyExtrudeEdge},
@@ -137,22 +204,19 @@ constexpr TypeRow kTypes[] = {
     {"polyExtrudeVertex", "polyModifier", api::kPolyExtrudeVertex},
     {"polyFlipEdge", "polyModifier", api::kPolyFlipEdge},
     {"polyFlipUV", "polyModifier", api::kPolyFlipUV},
-    {"polyHoleFace", "polyModifier", api::kPolyHoleFace},
+    {"polyHoleFace", "polyModifier", api::kPolyHoleFace, computedBy(computeUnchanged)},
     {"polyLayoutUV", "polyModifier", api::kPolyLayoutUV},
-    {"polyMapCut", "polyModifier", api::kPolyMapCut},
+    {"polyMapCut", "polyModifier", api::kPolyMapCut, computedBy(computeUnchanged)},
     {"polyMapDel", "polyModifier", api::kPolyMapDel, kPolyMapDel, computedBy(computePolyMapDel)},
     {"polyMapSew", "polyModifier", api::kPolyMapSew},
     {"polyMapSewMove", "polyModifier", api::kPolyMapSewMove},
     {"polyMergeEdge", "polyModifier", api::kPolyMergeEdge},
     {"polyMergeFace", "polyModifier", api::kPolyMergeFacet},
     {"polyMergeUV", "polyModifier", api::kPolyMergeUV},
-    {"polyMergeVert", "polyModifier", api::kPolyMergeVert},
+    {"polyMergeVert", "polyModifier", api::kPolyMergeVert, kPolyMergeVert, computedBy(computePolyMergeVert)},
     {"polyMirror", "polyModifier", api::kPolyMirror},
-    {"polyMoveEdge", "polyModifier", api::kPolyMoveEdge},
-    {"polyMoveFace", "polyModifier", api::kPolyMoveFacet},
     {"polyMoveFacetUV", "polyModifier", api::kPolyMoveFacetUV},
     {"polyMoveUV", "polyModifier", api::kPolyMoveUV},
-    {"polyMoveVertex", "polyModifier", api::kPolyMoveVertex},
     {"polyNormal", "polyModifier", api::kPolyNormal, kPolyNormal, computedBy(computePolyNormal)},
     {"polyNormalPerVertex", "polyModifier", api::kPolyNormalPerVertex},
     {"polyNormalizeUV", "polyModifier", api::kPolyNormalizeUV},
@@ -164,7 +228,7 @@ constexpr TypeRow kTypes[] = {
     {"polyRemesh", "polyModifier", api::kPolyRemesh},
     {"polyRetopo", "polyModifier", api::kPolyRetopo},
     {"polySewEdge", "polyModifier", api::kPolySewEdge},
-    {"polySmoothFace", "polyModifier", api::kPolySmoothFacet},
+    {"polySmoothFace", "polyModifier", api::kPolySmoothFacet, kPolySmoothFace, computedBy(computePolySmoothFace)},
     {"polySmoothProxy", "polyModifier", api::kPolySmoothProxy},
     {"polySoftEdge", "polyModifier", api::kPolySoftEdge, kPolySoftEdge, computedBy(computePolySoftEdge)},
     {"polySphProj", "polyModifier", api::kPolySphProj},
@@ -175,7 +239,7 @@ constexpr TypeRow kTypes[] = {
     {"polySplitVert", "polyModifier", api::kPolySplitVert},
     {"polyStraightenUVBorder", "polyModifier", api::kPolyStraightenUVBorder},
     {"polySubdEdge", "polyModifier", api::kPolySubdEdge},
-    {"polySubdFace", "polyModifier", api::kPolySubdFacet, kPolySubdFace},
+    {"polySubdFace", "polyModifier", api::kPolySubdFacet, kPolySubdFace, computedBy(computePolySubdFace)},
     {"polyTransfer", "polyModifier", api::kPolyTransfer},
     {"polyTriangulate", "polyModifier", api::kPolyTriangulate, computedBy(computePolyTriangulate)},
     {"polyTweak", "polyModifier", api::kPolyTweak, kPolyTweak, computedBy(computePolyTweak)},

@@ -5,6 +5,7 @@
 
 #include <Imath/ImathQuat.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <utility>
@@ -129,6 +130,45 @@ void computePolyCone(Evaluation& evaluation, Node& node, const PlugAddress& outp
     from.refuse("subdivisionsCap", from.count("subdivisionsCap") > 1, "its cap has 1");
     from.refuse("roundCap", from.number("roundCap") != 0.0, "its cap is flat");
     put(evaluation, node, output, from, makeCone(shape));
+}
+
+namespace {
+
+/// From the middle of a regular polygon to its corners.
+double cornerRadius(double sideLength, std::int32_t sides) {
+    return sideLength / (2.0 * std::sin(M_PI / sides));
+}
+
+} // namespace
+
+void computePolyPyramid(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    constexpr std::int32_t kFewestSides = 3;
+    constexpr std::int32_t kMostSides = 5; // of six, triangles with equal sides would lie flat
+    const Numbers from(evaluation, node);
+    const double side = from.number("sideLength");
+    ConeShape shape;
+    shape.divisionsAxis = std::clamp(from.count("numberOfSides"), kFewestSides, kMostSides);
+    shape.radius = cornerRadius(side, shape.divisionsAxis);
+    shape.height = std::sqrt(side * side - shape.radius * shape.radius);
+    shape.divisionsHeight = from.count("subdivisionsHeight");
+    shape.fanCap = from.count("subdivisionsCaps") > 0;
+    shape.uvs = from.hasUvs();
+    shape.hardSides = true;
+    put(evaluation, node, output, from, makeCone(shape));
+}
+
+void computePolyPrism(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    constexpr std::int32_t kFewestSides = 3;
+    const Numbers from(evaluation, node);
+    CylinderShape shape;
+    shape.divisionsAxis = std::max(from.count("numberOfSides"), kFewestSides);
+    shape.radius = cornerRadius(from.number("sideLength"), shape.divisionsAxis);
+    shape.height = from.number("length");
+    shape.divisionsHeight = from.count("subdivisionsHeight");
+    shape.fanCaps = from.count("subdivisionsCaps") > 0;
+    shape.uvs = from.hasUvs();
+    shape.hardSides = true;
+    put(evaluation, node, output, from, makeCylinder(shape));
 }
 
 void computePolyTorus(Evaluation& evaluation, Node& node, const PlugAddress& output) {

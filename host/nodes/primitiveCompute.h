@@ -12,5 +12,7 @@ void computePolySphere(Evaluation& evaluation, Node& node, const PlugAddress& ou
 void computePolyCylinder(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolyCone(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolyTorus(Evaluation& evaluation, Node& node, const PlugAddress& output);
+void computePolyPyramid(Evaluation& evaluation, Node& node, const PlugAddress& output);
+void computePolyPrism(Evaluation& evaluation, Node& node, const PlugAddress& output);
 
 } // namespace host

@@ -211,7 +211,7 @@ TEST(SmoothFaces, SmoothsUvsWithinTheirBorders) {
         const UvSet& set = mesh.uvSets[0];
         return (*set.points)[static_cast<std::size_t>(idsOf(*set.ids, face)[corner])];
     };
-    // By hand: the faces' middles around it are 3/8 and 5/8 and so on, 0.625 on average; the edges' are 0.75.
+    // By hand: the faces' middles around it are at 3/8 and 7/8, the edges' at 1/2, 3/4, 3/4 and 1.
     const V2f middle = uvOf(*made, 2, 0);
     EXPECT_EQ(verticesOf(*made, 2)[0], 4);
     EXPECT_FLOAT_EQ(middle.x, (0.625F + 2 * 0.75F + 1) / 4);

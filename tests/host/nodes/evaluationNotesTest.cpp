@@ -2,6 +2,8 @@
 
 #include "GraphFixture.h"
 
+#include "host/geometry/PolyFacesBuilder.h"
+
 namespace host {
 namespace {
 
@@ -43,7 +45,7 @@ TEST_F(EvaluationNotes, NameHistoryByTheTransformOfTheMesh) {
     Node& helix = make("polyHelix", "polyHelix1");
     connect(helix, "out", bevel, "ip");
     connect(bevel, "out", shape, "i");
-    EXPECT_EQ(notes(), (Notes{"node type 'polyBevel3' is not supported: body.polyBevel1 passes its input through",
+    EXPECT_EQ(notes(), (Notes{"node type 'polyBevel3' is not supported: body.polyBevel1 makes no mesh",
                               "node type 'polyHelix' is not supported: body.polyHelix1 makes no mesh"}));
 }
 
@@ -114,6 +116,47 @@ TEST_F(EvaluationNotes, RefuseAnUnknownNodeInTheGeometryOfAMesh) {
     connect(makeUnknown("fancyMesh", "mesh1"), "out", shape, "i");
     EXPECT_EQ(refusal(), "node type 'fancyMesh' is not supported: body.mesh1 shapes the mesh (delete the history of "
                          "'body', or export from Maya)");
+}
+
+TEST_F(EvaluationNotes, RefusePolygonHistoryThatIsNotEvaluated) {
+    Node& bevel = make("polyBevel3", "polyBevel1");
+    Node& soft = make("polySoftEdge", "soft");
+    connect(make("polyCube", "cube"), "out", bevel, "ip");
+    connect(bevel, "out", soft, "ip");
+    connect(soft, "out", makeMesh("body"), "i");
+    EXPECT_EQ(refusal(), "node type 'polyBevel3' is not supported: body.polyBevel1 shapes the mesh (delete the history "
+                         "of 'body', or export from Maya)");
+    set(bevel, "nodeState", 1);
+    EXPECT_EQ(refusal(), "") << "its input passes";
+}
+
+TEST_F(EvaluationNotes, RefuseCreatorsThatAreNotEvaluated) {
+    connect(make("polyHelix", "polyHelix1"), "out", makeMesh("spring"), "i");
+    EXPECT_EQ(refusal(),
+              "node type 'polyHelix' is not supported: spring.polyHelix1 shapes the mesh (delete the history "
+              "of 'spring', or export from Maya)");
+}
+
+TEST_F(EvaluationNotes, RefuseSettingsThatAreNotEvaluated) {
+    Node& chip = make("polyChipOff", "polyChipOff1");
+    connect(make("polyCube", "cube"), "out", chip, "ip");
+    connect(chip, "out", makeMesh("body"), "i");
+    EXPECT_EQ(refusal(), "");
+    set(chip, "localTranslateZ", 0.5);
+    EXPECT_EQ(refusal(),
+              "node type 'polyChipOff' with this 'localTranslate' is not supported: body.polyChipOff1 shapes "
+              "the mesh (delete the history of 'body', or export from Maya)");
+    set(chip, "nodeState", 1);
+    EXPECT_EQ(refusal(), "");
+}
+
+TEST_F(EvaluationNotes, RefuseNothingBehindFacesThatTheFileKeeps) {
+    Node& shape = makeMesh("body");
+    connect(make("polyHelix", "polyHelix1"), "out", shape, "i");
+    PolyFacesBuilder faces;
+    ASSERT_EQ(graph.setData(plug(shape, "face[0]"), faces.finish()).error, "");
+    EXPECT_EQ(refusal(), "");
+    EXPECT_EQ(notes(), Notes{"node type 'polyHelix' is not supported: body.polyHelix1 makes no mesh"});
 }
 
 TEST_F(EvaluationNotes, RefuseNoDeformerWithoutEffect) {

@@ -106,14 +106,6 @@ TEST_F(History, ColorSetsCanBeMadeAndDeleted) {
     EXPECT_TRUE(result()->colorSets.empty());
 }
 
-TEST_F(History, ModifiersThatAreNotEvaluatedPassTheirInputThrough) {
-    Node& bevel = make("polyBevel3", "bevel");
-    connect(source, "worldMesh[0]", bevel, "inputPolymesh");
-    connect(bevel, "output", shown, "inMesh");
-    EXPECT_EQ(result()->topology, evaluatedMesh(graph, source)->topology);
-    EXPECT_TRUE(types.find("polyBevel3")->passesThrough);
-}
-
 TEST_F(History, PolyTweakMovesPoints) {
     Node& tweak = make("polyTweak", "tweak");
     connect(source, "worldMesh[0]", tweak, "inputPolymesh");

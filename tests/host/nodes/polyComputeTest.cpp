@@ -55,7 +55,9 @@ TEST_P(EveryModifier, WithoutInputGivesNothing) {
 
 INSTANTIATE_TEST_SUITE_P(Types, EveryModifier,
                          testing::Values("polyTweak", "polyTweakUV", "polySoftEdge", "polyNormal", "polyMapDel",
-                                         "polyColorPerVertex", "polyTriangulate", "polyQuad", "polyBevel3"),
+                                         "polyColorPerVertex", "polyTriangulate", "polyQuad", "polySmoothFace",
+                                         "polySubdFace", "polyMergeVert", "polyChipOff", "polyDelFacet", "polyDelEdge",
+                                         "polyDelVertex", "polyMoveVertex", "polyCrease"),
                          [](const auto& row) { return std::string(row.param); });
 
 TEST_F(Modifier, TweakUvMovesCoordinatesOfTheSetThatItNames) {
@@ -83,13 +85,27 @@ TEST_F(Modifier, NormalReversesFaces) {
     EXPECT_EQ(faceNormal(*result(), 0), V3f(0, 0, 1));
 }
 
-TEST_F(Modifier, NormalSaysWhichModesItDoesNotKnow) {
+TEST_F(Modifier, NormalMakesFacesAlike) {
+    Node& wrong = make("polyNormal", "wrong");
     Node& node = modify("polyNormal");
-    setComponents(node, "inputComponents", {"f[*]"});
-    set(node, "normalMode", 2);
+    EXPECT_EQ(graph.connect(plug(cube, "output"), plug(wrong, "inputPolymesh"), true).error, "");
+    EXPECT_EQ(graph.connect(plug(wrong, "output"), plug(node, "inputPolymesh"), true).error, "");
+    setComponents(wrong, "inputComponents", {"f[0]"});
+    EXPECT_EQ(faceNormal(*result(), 0), V3f(0, 0, -1));
+    setComponents(node, "inputComponents", {"f[0]"});
+    set(node, "normalMode", 1); // all like the first
+    EXPECT_EQ(faceNormal(*result(), 0), V3f(0, 0, -1));
+    EXPECT_EQ(faceNormal(*result(), 1), V3f(0, -1, 0));
+    set(node, "normalMode", 2); // like most
     EXPECT_EQ(faceNormal(*result(), 0), V3f(0, 0, 1));
-    EXPECT_THAT(warnings,
-                ElementsAre("modifier: only the normal mode 'reverse' is supported (its input passes through)"));
+    EXPECT_EQ(faceNormal(*result(), 1), V3f(0, 1, 0));
+    set(node, "normalMode", 4); // the first turns round, all follow
+    EXPECT_EQ(faceNormal(*result(), 0), V3f(0, 0, 1));
+    EXPECT_EQ(faceNormal(*result(), 1), V3f(0, 1, 0));
+    set(node, "normalMode", 3); // turned round and cut off
+    EXPECT_EQ(faceNormal(*result(), 0), V3f(0, 0, 1));
+    EXPECT_EQ(result()->topology->vertexCount(), 12);
+    EXPECT_THAT(warnings, IsEmpty());
 }
 
 TEST_F(Modifier, TriangulateCutsFaces) {
@@ -194,17 +210,11 @@ TEST_F(Modifier, ColorPerVertexKeepsOnlyWhatTheRepresentationHas) {
     EXPECT_EQ(result()->colorSets[0].colors->at(0), V4f(0.25F, 0.5F, 1, 1));
 }
 
-TEST_F(Modifier, DeleteComponentTakesFaces) {
-    Node& node = make("deleteComponent", "eraser");
-    connect(cube, "output", node, "inputGeometry");
-    connect(node, "outputGeometry", shown, "inMesh");
-    setComponents(node, "deleteComponents", {"f[1:5]"});
-    EXPECT_EQ(result()->topology->faceCount(), 1);
-    EXPECT_EQ(result()->topology->vertexCount(), 4);
-    EXPECT_THAT(warnings, IsEmpty());
-    setComponents(node, "deleteComponents", {"f[0]", "e[3]"});
-    EXPECT_EQ(result()->topology->faceCount(), 5);
-    EXPECT_THAT(warnings, ElementsAre("eraser: only faces can be deleted (its edges and vertices stay)"));
+TEST_F(Modifier, ThatIsNotEvaluatedMakesNoMeshUnlessItsStateSaysSo) {
+    Node& node = modify("polyBevel3");
+    EXPECT_EQ(graph.data(plug(node, "output")), nullptr);
+    set(node, "nodeState", 1);
+    EXPECT_EQ(result()->topology->faceCount(), 6);
 }
 
 TEST_F(Modifier, UniteJoinsWhatComesIn) {

@@ -85,6 +85,48 @@ TEST_F(Creation, TurnsToItsAxis) {
     EXPECT_THAT(warnings, ElementsAre("maker: axis is not supported as it is set (it is turned the shortest way)"));
 }
 
+double distance(const MeshData& mesh, std::size_t a, std::size_t b) {
+    return ((*mesh.points)[a] - (*mesh.points)[b]).length();
+}
+
+// The corners of the base lie on the axes, as its sides make it; all edges are as long as a side.
+TEST_F(Creation, OfAPyramidHasSidesOfOneLength) {
+    Node& pyramid = create("polyPyramid");
+    const MeshPtr mesh = result();
+    ASSERT_EQ(mesh->topology->vertexCount(), 5);
+    EXPECT_EQ(mesh->topology->faceCount(), 5);
+    EXPECT_EQ(mesh->uvSets.at(0).points->size(), 10U);
+    const auto root = static_cast<float>(std::sqrt(2.0));
+    const V3f kExpected[] = {
+        {0, -root / 2, -root}, {-root, -root / 2, 0}, {0, -root / 2, root}, {root, -root / 2, 0}, {0, root / 2, 0}};
+    for (std::size_t i = 0; i < 5; ++i) {
+        EXPECT_TRUE(((*mesh->points)[i] - kExpected[i]).length() < 1e-6F) << i << ": " << (*mesh->points)[i];
+    }
+    EXPECT_EQ(mesh->topology->normalFans().count, 16) << "all edges are hard";
+    for (const double sides : {3.0, 5.0, 99.0}) {
+        set(pyramid, "numberOfSides", sides);
+        const auto apex = static_cast<std::size_t>(result()->topology->vertexCount()) - 1;
+        EXPECT_NEAR(distance(*result(), 0, 1), 2, 1e-6) << sides;
+        EXPECT_NEAR(distance(*result(), 0, apex), 2, 1e-6) << sides;
+        EXPECT_EQ(apex, sides == 3.0 ? 3U : 5U) << "no more than five";
+    }
+    EXPECT_THAT(warnings, IsEmpty());
+}
+
+TEST_F(Creation, OfAPrismHasHardEdgesAndPlainCaps) {
+    Node& prism = create("polyPrism");
+    set(prism, "length", 3);
+    const MeshPtr mesh = result();
+    EXPECT_EQ(mesh->topology->vertexCount(), 6);
+    EXPECT_EQ(mesh->topology->faceCount(), 5);
+    EXPECT_NEAR(distance(*mesh, 0, 1), 2, 1e-6);
+    EXPECT_NEAR(distance(*mesh, 0, 3), 3, 1e-6);
+    EXPECT_FLOAT_EQ((*mesh->points)[0].y, -1.5F);
+    EXPECT_EQ(mesh->topology->normalFans().count, 18);
+    set(prism, "subdivisionsCaps", 1);
+    EXPECT_EQ(result()->topology->faceCount(), 9);
+}
+
 TEST_F(Creation, SaysWhatItCannotDo) {
     Node& cylinder = create("polyCylinder");
     set(cylinder, "subdivisionsCaps", 3);

@@ -1,0 +1,124 @@
+#include "host/nodes/historySettings.h"
+
+#include "host/geometry/deleteParts.h"
+#include "host/geometry/meshComponents.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+namespace host {
+
+namespace {
+
+/// What a number, or each part of a compound, must be.
+struct SettingRow {
+    std::string_view type; // or one that derives from it
+    std::string_view attribute;
+    double lowest, highest;
+};
+
+constexpr SettingRow kSettings[] = {
+    {"polyCylinder", "roundCap", 0, 0},
+    {"polyCylinder", "subdivisionsCaps", 0, 1},
+    {"polyCone", "roundCap", 0, 0},
+    {"polyCone", "subdivisionsCap", 0, 1},
+    {"polyPyramid", "subdivisionsCaps", 0, 1},
+    {"polyPrism", "subdivisionsCaps", 0, 1},
+    {"polyNormal", "normalMode", 0, 4},
+    {"polySubdFace", "mode", 0, 0},
+    {"polySubdFace", "subdMethod", 0, 0},
+    {"polySmoothFace", "method", 0, 0},
+    {"polySmoothFace", "subdivisionType", 0, 0},
+    {"polySmoothFace", "continuity", 1, 1},
+    {"polySmoothFace", "keepBorder", 1, 1},
+    {"polySmoothFace", "keepHardEdge", 0, 0},
+    {"polySmoothFace", "keepMapBorders", 1, 2},
+    {"polyMoveVertex", "rotate", 0, 0},
+    {"polyMoveVertex", "scale", 1, 1},
+    {"polyMoveVertex", "random", 0, 0},
+    {"polyMoveVertex", "localTranslate", 0, 0},
+    {"polyMoveVertex", "localRotate", 0, 0},
+    {"polyMoveVertex", "localScale", 1, 1},
+    {"polyChipOff", "offset", 0, 0},
+};
+
+bool isWithin(Graph& graph, const Plug& plug, const SettingRow& row) {
+    const std::vector<AttrIndex>& children = plug.node->attribute(plug.at.attr).children;
+    if (!children.empty()) {
+        return std::all_of(children.begin(), children.end(), [&](AttrIndex child) {
+            return isWithin(graph, {plug.node, {child, 0, {}}}, row);
+        });
+    }
+    const double value = graph.number(plug);
+    return !graph.isDriven(plug) && value >= row.lowest && value <= row.highest;
+}
+
+struct ListedNode {
+    MeshPtr mesh;
+    std::shared_ptr<const ComponentList> list;
+};
+
+/// What comes in and what a node works on; null when it is not there.
+ListedNode listedNode(Graph& graph, Node& node, std::string_view input, std::string_view list) {
+    const DataPtr components = graph.data({&node, graph.findPlug(node, list)});
+    ListedNode found{meshOf(graph.data({&node, graph.findPlug(node, input)})), nullptr};
+    if (components != nullptr && components->kind == DataKind::kComponentList) {
+        found.list = std::static_pointer_cast<const ComponentList>(components);
+    }
+    return found;
+}
+
+/// A part of a mesh is smoothed in a way of its own.
+bool isSmoothedInPart(Graph& graph, Node& node) {
+    const ListedNode in = listedNode(graph, node, "inputPolymesh", "inputComponents");
+    if (in.mesh == nullptr || in.list == nullptr) {
+        return false;
+    }
+    const std::vector<bool> named = namedFaces(*in.list, *in.mesh->topology);
+    const auto count = std::count(named.begin(), named.end(), true);
+    return count != 0 && static_cast<std::size_t>(count) != named.size();
+}
+
+/// Vertices with more edges than two are deleted together with those, in an order that is not known.
+bool leavesVertices(const ListedNode& in) {
+    return in.mesh != nullptr && in.list != nullptr &&
+           deleteVertices(*in.mesh, namedVertices(*in.list, *in.mesh->topology)).leftCount > 0;
+}
+
+bool isDeletedOtherwise(Graph& graph, Node& node) {
+    const ListedNode in = listedNode(graph, node, "inputGeometry", "deleteComponents");
+    if (in.list == nullptr || in.list->ranges.empty()) {
+        return false;
+    }
+    const ComponentKind kind = in.list->ranges.front().kind;
+    const bool isMixed = std::any_of(in.list->ranges.begin(), in.list->ranges.end(),
+                                     [&](const ComponentRange& range) { return range.kind != kind; });
+    return isMixed || (kind == ComponentKind::kVertex && leavesVertices(in));
+}
+
+} // namespace
+
+bool isSteady(Graph& graph, Node& node, std::string_view attribute, double value) {
+    const Plug plug{&node, graph.findPlug(node, attribute)};
+    return plug && !graph.isDriven(plug) && graph.number(plug) == value;
+}
+
+std::string findUnsupportedSetting(Graph& graph, Node& node) {
+    const NodeType& type = node.type();
+    for (const SettingRow& row : kSettings) {
+        const Plug plug{&node, type.isKindOf(row.type) ? graph.findPlug(node, row.attribute) : PlugAddress()};
+        if (plug && !isWithin(graph, plug, row)) {
+            return std::string(row.attribute);
+        }
+    }
+    if (type.isKindOf("polySmoothFace") && isSmoothedInPart(graph, node)) {
+        return "inputComponents";
+    }
+    if (type.isKindOf("polyDelVertex") && leavesVertices(listedNode(graph, node, "inputPolymesh", "inputComponents"))) {
+        return "inputComponents";
+    }
+    return type.isKindOf("deleteComponent") && isDeletedOtherwise(graph, node) ? "deleteComponents" : "";
+}
+
+} // namespace host
