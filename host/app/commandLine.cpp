@@ -69,6 +69,7 @@ void addOptions(CLI::App& app, CommandLine& line) {
     app.add_option("--project", line.project, "the project of the scene (default: the one around it)")
         ->type_name("FOLDER");
     app.add_option("--plugin", line.plugin, "the exporter's library")->type_name("PATH");
+    app.add_flag("--verify", line.verifies, "after the export, hold its files against the scene; fail on a difference");
     app.add_flag("--report", line.reports, "after the export, print what its files cost the console");
     app.add_option("--report-json", line.reportJson, "after the export, write that to a file as JSON")
         ->type_name("FILE");
@@ -151,6 +152,13 @@ std::string checkUse(const CommandLine& line, const GivenOptions& given) {
     return line.scene.empty() && needsScene ? "no scene was named" : "";
 }
 
+/// What is wrong with options that ask for a proof; "" when nothing is.
+std::string checkProof(const CommandLine& line) {
+    const bool isOther = !line.batch.empty() || !line.preview.empty() || !line.reportOf.empty() || line.checksNames ||
+                         line.runsScripts();
+    return line.verifies && isOther ? "--verify goes with the export of a scene only" : "";
+}
+
 /// What is wrong with options that ask for a report; "" when nothing is.
 std::string checkReport(const CommandLine& line, const GivenOptions& given) {
     const bool isOther = !line.batch.empty() || !line.preview.empty() || line.checksNames || line.runsScripts();
@@ -208,6 +216,9 @@ std::string checkCommandLine(const CLI::App& app, const std::string& target, con
     }
     if (error.empty()) {
         error = checkReport(line, given);
+    }
+    if (error.empty()) {
+        error = checkProof(line);
     }
     return error.empty() ? settleTarget(target, given, line) : error;
 }

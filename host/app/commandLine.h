@@ -22,10 +22,11 @@ struct CommandLine {
     std::string project;               // folder to open as the project; "" for the one around the scene
     bool checksNames = false;          // instead of an export: of the scene, or of the selection alone
     bool checksSelection = false;
+    bool verifies = false;  // the exported files against the scene, after the export
     bool reports = false;   // what the exported files cost the console, after the export
     std::string reportOf;   // base path of files to report on instead of an export; "" for none
     std::string reportJson; // file to write the report to as JSON; "" for none
-    std::string plugin; // path of the exporter; "" to look for it
+    std::string plugin;     // path of the exporter; "" to look for it
     bool strict = false, quiet = false, noProgress = false;
 
     bool runsScripts() const { return !script.empty() || !command.empty(); }

@@ -5,6 +5,7 @@
 #include "host/app/exporterPlugin.h"
 #include "host/app/outputFiles.h"
 #include "host/app/prepareHost.h"
+#include "host/app/proveExport.h"
 #include "host/app/reportFiles.h"
 
 #include <filesystem>
@@ -67,7 +68,8 @@ int exportScene(Host& host, Console& console, const CommandLine& commandLine) {
     for (const WrittenFile& file : written) {
         console.info("Written: " + shownPath(file.path) + " (" + std::to_string(file.lengthBytes) + " bytes)");
     }
-    if (!isExported || !reportExport(console, commandLine, base, written)) {
+    const bool isReported = isExported && reportExport(console, commandLine, base, written);
+    if (!isReported || !proveExport(console, commandLine, base, written)) {
         return kFailed;
     }
     const bool wasWarned = console.warnings() != 0 || exportWasWarned(host); // warnings may go to a log

@@ -2,6 +2,7 @@
 
 #include "SceneFaces.h"
 #include "decode/ModelGeometry.h"
+#include "host/app/verify/FaceComparison.h"
 
 #include <vector>
 
@@ -9,16 +10,10 @@ namespace tvk {
 
 // What a model draws, held against the faces of the scene.
 
-struct FaceTolerance {
-    double position = 1.0 / 2048;
-    double normal = 0.01; // between ends of unit vectors
-    bool compareMaterials = true;
-};
+using host::app::verify::FaceDifferences;
+using host::app::verify::FaceTolerance;
 
-/// Gives a test failure unless the polygons of the model are the faces of the scene, each once: every drawn triangle
-/// and quad has corners of one face, in their order round it, with their normals, texture coordinates and colours where
-/// the polygon has such, and the face's material; what is drawn of a face makes up its whole area. Faces thinner than
-/// the tolerance may be missing.
+/// Gives a test failure for each difference that compareFaces finds, five at the most.
 void expectDrawn(const decode::ModelFile& file, const decode::ModelGeometry& model, const std::vector<SceneFace>& faces,
                  const FaceTolerance& tolerance = {});
 

@@ -1,4 +1,4 @@
-#include "SceneFaces.h"
+#include "host/app/verify/SceneFaces.h"
 
 #include <maya/MColorArray.h>
 #include <maya/MFloatVectorArray.h>
@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tvk {
+namespace host::app::verify {
 namespace {
 
 bool flag(const MFnDependencyNode& node, const char* name) {
@@ -107,6 +107,7 @@ private:
 
     SceneCorner corner(int face, unsigned int place, int vertex, const MFloatVector& normal) {
         SceneCorner result;
+        result.vertex = vertex;
         const MPoint& point = points[static_cast<unsigned>(vertex)];
         result.position = Imath::V3d(point.x, point.y, point.z) * factor * matrix;
         normalMatrix.multDirMatrix(Imath::V3d(normal.x, normal.y, normal.z) * normalSign, result.normal);
@@ -182,4 +183,4 @@ std::vector<Imath::V3d> outlineOf(const SceneFace& face) {
     return outline;
 }
 
-} // namespace tvk
+} // namespace host::app::verify
