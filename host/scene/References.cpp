@@ -1,5 +1,6 @@
 #include "host/scene/References.h"
 
+#include "host/mel/filePath.h"
 #include "host/scene/MaReader.h"
 #include "host/scene/MappedFile.h"
 #include "host/scene/codeset.h"
@@ -27,13 +28,26 @@ bool isBinaryScene(std::string_view bytes) {
 // One file has one place, however it is named.
 std::string placeOf(const std::string& path) {
     std::error_code failed;
-    const std::filesystem::path place = std::filesystem::canonical(std::filesystem::u8path(path), failed);
+    const std::filesystem::path place = std::filesystem::canonical(filePath(path), failed);
     return failed ? path : place.u8string();
 }
 
 bool isSomething(const std::string& path) {
     std::error_code failed;
-    return std::filesystem::exists(std::filesystem::u8path(path), failed);
+    return std::filesystem::exists(filePath(path), failed);
+}
+
+std::string tryScene(const std::string& path) {
+    MappedFile file;
+    return openSceneFile(path, file);
+}
+
+// Where "rig.mb" may have been saved as Maya ASCII; other paths as they are.
+std::string asAscii(const std::string& path) {
+    constexpr std::string_view kBinaryEnding = ".mb";
+    const bool isBinary = path.size() > kBinaryEnding.size() &&
+                          path.compare(path.size() - kBinaryEnding.size(), kBinaryEnding.size(), kBinaryEnding) == 0;
+    return isBinary ? path.substr(0, path.size() - kBinaryEnding.size()) + ".ma" : path;
 }
 
 // "dir/rig_v2.ma{1}" is rig_v2.
@@ -95,32 +109,32 @@ void References::declare(const ReferenceRequest& request) {
     declared_.try_emplace(node, Declaration{request.path, request.isDeferred});
 }
 
-// The reference's own path, or the one that an outer scene declares, wherever there is something. What is there but
-// cannot be read is told only when nothing better is found.
-std::string References::openFirst(const ReferenceRequest& request, MappedFile& file, std::string& path) const {
-    std::string error;
+// By the reference's own path, then by the one that an outer scene declares.
+std::vector<std::string> References::placesOf(const ReferenceRequest& request) const {
+    std::vector<std::string> places = referencePlaces(request.path, files_.back(), scene_.workspace());
     const auto declared = declared_.find(scene_.names().scope().nameOf(nodeNameOf(request)));
-    std::vector<std::string> written{request.path};
     if (declared != declared_.end() && declared->second.path != request.path) {
-        written.push_back(declared->second.path);
+        const std::vector<std::string> more = referencePlaces(declared->second.path, files_.back(), scene_.workspace());
+        places.insert(places.end(), more.begin(), more.end());
     }
-    for (const std::string& each : written) {
-        for (std::string& place : referencePlaces(each, files_.back(), scene_.workspace())) {
-            if (!isSomething(place)) {
-                continue;
-            }
-            MappedFile tried;
-            std::string failure = openSceneFile(place, tried);
-            if (failure.empty()) {
-                path = std::move(place);
-                return file.open(path);
-            }
-            if (error.empty()) {
-                error = std::move(failure);
-            }
+    return places;
+}
+
+// What is there but cannot be read is told only when nothing better is found.
+References::Found References::openFirst(const ReferenceRequest& request, MappedFile& file) const {
+    std::string firstFailure;
+    for (const std::string& place : placesOf(request)) {
+        const std::string ascii = asAscii(place);
+        const std::string failure = tryScene(place);
+        if (failure.empty() || tryScene(ascii).empty()) {
+            const std::string& path = failure.empty() ? place : ascii;
+            return {path, path != place, file.open(path)};
+        }
+        if (firstFailure.empty() && isSomething(place)) {
+            firstFailure = failure;
         }
     }
-    return error.empty() ? messages::text(messages::kFileMissing, {request.path}) : error;
+    return {{}, false, firstFailure.empty() ? messages::text(messages::kFileMissing, {request.path}) : firstFailure};
 }
 
 std::string References::refuse(const std::string& path, std::size_t bytes) {
@@ -155,7 +169,7 @@ NameScope References::scopeFor(const ReferenceRequest& request) {
     return scope;
 }
 
-SceneResult References::load(const ReferenceRequest& request) {
+std::string References::load(const ReferenceRequest& request) {
     const std::string name = nodeNameOf(request);
     const std::string node = scene_.names().scope().nameOf(name);
     if (files_.size() == 1) {
@@ -166,23 +180,22 @@ SceneResult References::load(const ReferenceRequest& request) {
     }
     const auto declared = declared_.find(node);
     if (declared != declared_.end() ? declared->second.isDeferred : request.isDeferred) {
-        return {messages::text(messages::kReferenceUnloaded, {name, request.path})};
+        return messages::text(messages::kReferenceUnloaded, {name, request.path});
     }
     MappedFile file;
-    std::string path;
-    std::string error = openFirst(request, file, path);
-    if (error.empty()) {
-        error = refuse(path, file.bytes().size());
+    Found found = openFirst(request, file);
+    if (found.error.empty()) {
+        found.error = refuse(found.path, file.bytes().size());
     }
-    if (error.empty()) {
-        error = readInto(scopeFor(request), file, path).error;
+    if (found.error.empty()) {
+        found.error = readInto(scopeFor(request), file, found.path).error;
     }
-    if (!error.empty()) {
-        return {messages::text(messages::kReferenceNotLoaded, {name, error})};
+    if (!found.error.empty()) {
+        return messages::text(messages::kReferenceNotLoaded, {name, found.error});
     }
     loaded_.insert(node);
     loadedInTurn_.push_back(node);
-    return {};
+    return found.isAscii ? messages::text(messages::kReferenceAscii, {name, found.path}) : std::string();
 }
 
 SceneResult References::readInto(NameScope scope, const MappedFile& file, const std::string& path) {

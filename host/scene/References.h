@@ -42,8 +42,9 @@ public:
     /// `file -rdi`: whether a reference is to be loaded, and where it is if the file that names it is wrong. What the
     /// outermost file says counts.
     void declare(const ReferenceRequest& request);
-    /// `file -r`: reads the file into the scene. The error is a whole warning.
-    SceneResult load(const ReferenceRequest& request);
+    /// `file -r`: reads the file into the scene. "" or a whole warning: the reference is not loaded, or it is Maya
+    /// Binary and its Maya ASCII twin was read instead.
+    std::string load(const ReferenceRequest& request);
     /// By the name of the reference node as the file that is read now has it.
     bool isLoaded(std::string_view node) const { return loaded_.count(scene_.names().scope().nameOf(node)) != 0; }
 
@@ -56,8 +57,15 @@ private:
         bool isDeferred = false;
     };
 
+    struct Found {
+        std::string path;
+        bool isAscii = false; // instead of the Maya Binary file that is asked for
+        std::string error;    // nothing was found, or nothing that can be read
+    };
+
     SceneResult read(std::string_view text, const std::string& name);
-    std::string openFirst(const ReferenceRequest& request, MappedFile& file, std::string& path) const;
+    std::vector<std::string> placesOf(const ReferenceRequest& request) const;
+    Found openFirst(const ReferenceRequest& request, MappedFile& file) const;
     std::string refuse(const std::string& path, std::size_t bytes);
     NameScope scopeFor(const ReferenceRequest& request);
     SceneResult readInto(NameScope scope, const MappedFile& file, const std::string& path);

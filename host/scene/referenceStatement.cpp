@@ -87,8 +87,8 @@ Outcome referenceStatement(StatementContext& context, ArgumentStream& arguments)
         context.references->declare(statement.request);
         return outcome;
     }
-    SceneResult result = context.references->load(statement.request);
-    return result.ok() ? outcome : Outcome::skipped(std::move(result.error));
+    std::string warning = context.references->load(statement.request);
+    return warning.empty() ? outcome : Outcome::skipped(std::move(warning));
 }
 
 } // namespace host

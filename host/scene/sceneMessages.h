@@ -53,6 +53,8 @@ constexpr std::string_view kReferenceNotLoaded =
     "reference '%1' is not loaded, so that its nodes are missing in the scene: %2";
 constexpr std::string_view kReferenceUnloaded =
     "reference '%1' is unloaded in the scene, so that its nodes are missing: %2";
+constexpr std::string_view kReferenceAscii =
+    "reference '%1' is Maya Binary, which cannot be read; this file is read instead: %2";
 constexpr std::string_view kReferenceCycle = "File refers to itself, directly or through others: %1";
 constexpr std::string_view kReferenceDepth = "File lies more than %1 references deep: %2";
 constexpr std::string_view kReferenceCount = "The scene refers to too many files, or to too much in them: %1";

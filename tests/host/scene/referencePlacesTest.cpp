@@ -72,6 +72,22 @@ TEST(ReferencePlaces, AFolderIsNoFile) {
     EXPECT_NE(files.opened.node("x:a"), nullptr);
 }
 
+// Rigs are Maya Binary more often than not; saving them as Maya ASCII in the same folder is enough.
+TEST(ReferencePlaces, AMayaBinaryFileMayHaveATwin) {
+    SceneFiles files;
+    files.writeBytes("chars/rig.mb", "FOR8\1\2\3");
+    files.write("chars/rig.ma", "createNode transform -n \"a\";");
+    files.write("main.ma", referenceText("x", "chars/rig.mb") + referenceText("y", "chars/rig.ma"));
+    EXPECT_THAT(files.open("main.ma"),
+                testing::ElementsAre("@/main.ma(3): reference 'xRN' is Maya Binary, which cannot be read; this file is "
+                                     "read instead: @/chars/rig.ma"));
+    EXPECT_NE(files.opened.node("x:a"), nullptr);
+    EXPECT_NE(files.opened.node("y:a"), nullptr);
+    std::filesystem::remove(files.folder.path("chars/rig.mb"));
+    EXPECT_THAT(files.open("main.ma"), testing::SizeIs(1));
+    EXPECT_NE(files.opened.node("x:a"), nullptr);
+}
+
 // The file that names a nested reference was moved; the scene knows where it went.
 TEST(ReferencePlaces, AnOuterSceneKnowsWhereANestedFileIs) {
     SceneFiles files;
