@@ -2,6 +2,7 @@
 #include "host/nodes/arithmeticCompute.h"
 #include "host/nodes/blendCompute.h"
 #include "host/nodes/curveCompute.h"
+#include "host/nodes/curveShapeCompute.h"
 #include "host/nodes/expressionCompute.h"
 #include "host/nodes/layerCompute.h"
 #include "host/nodes/typeRows.h"
@@ -285,6 +286,33 @@ constexpr AttributeRow kMute[] = {
     {"hold", "h", "any"},
 };
 
+constexpr AttributeRow kMotionPath[] = {
+    {"uValue", "u", "double", {}, 0, kKeyable},
+    {"frontTwist", "ft", "angle", {}, 0, kKeyable},
+    {"upTwist", "ut", "angle", {}, 0, kKeyable},
+    {"sideTwist", "st", "angle", {}, 0, kKeyable},
+    {"geometryPath", "gp", "nurbsCurve"},
+    {"fractionMode", "fm", "bool"},
+    {"follow", "f", "bool"},
+    {"normal", "n", "bool"},
+    {"inverseUp", "iu", "bool"},
+    {"inverseFront", "if", "bool"},
+    {"frontAxis", "fa", "enum", {}, 1, 0, "X:Y:Z"},
+    {"upAxis", "ua", "enum", {}, 2, 0, "X:Y:Z"},
+    {"worldUpType", "wut", "enum", {}, 0, 0, "Scene Up:Object Up:Object Rotation Up:Vector:Normal"},
+    {"worldUpVector", "wu", "distance3", "XYZ", {0, 1, 0}},
+    {"worldUpMatrix", "wum", "matrix"},
+    {"bank", "b", "bool"},
+    {"bankScale", "bs", "double", {}, 1},
+    {"bankThreshold", "bt", "double", {}, 90},
+    {"rotateOrder", "ro", "enum", {}, 0, 0, "xyz:yzx:zxy:xzy:yxz:zyx"},
+    {"positionMarkerTime", "pmt", "time", {}, 0, kArray},
+    {"flowNode", "fn", "any"},
+    {"allCoordinates", "ac", "distance3", "xCoordinate xc yCoordinate yc zCoordinate zc", 0, kComputed},
+    {"rotate", "r", "angle3", "XYZ", 0, kComputed},
+    {"orientMatrix", "om", "matrix", {}, 0, kComputed},
+};
+
 constexpr TypeBehaviour kCurve{DagRole::kNone, computeAnimCurve};
 constexpr TypeBehaviour kTimeCurve{DagRole::kNone, computeAnimCurve, "input"};
 constexpr TypeBehaviour kNotEvaluated{DagRole::kNone, nullptr, {}, true};
@@ -343,7 +371,7 @@ constexpr TypeRow kTypes[] = {
      {DagRole::kNone, computeLayeredScale}},
     {"animBlendNodeTime", "animBlendNodeBase", api::kBlendNodeTime, kBlendTime, kLayered},
     {"mute", "dependNode", api::kMute, kMute, {DagRole::kNone, computeMute}},
-    {"motionPath", "dependNode", api::kMotionPath, kNotEvaluated},
+    {"motionPath", "dependNode", api::kMotionPath, kMotionPath, {DagRole::kNone, computeMotionPath}},
     {"timeWarp", "dependNode", api::kTimeWarp, kNotEvaluated},
 };
 

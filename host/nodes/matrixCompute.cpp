@@ -200,4 +200,19 @@ void computeAngleBetween(Evaluation& evaluation, Node& node, const PlugAddress&)
     putTriple(evaluation, node, kEuler, rotationAngles(turn.toMatrix33(), RotateOrder::kXYZ));
 }
 
+void computePassMatrix(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    const AttrIndex scale = node.type().find("inScale"); // holdMatrix has none
+    const Matrix44 matrix = evaluation.matrix(node, address(node.type().find("inMatrix")));
+    evaluation.putMatrix(node, output, scale == kNoAttr ? matrix : matrix * evaluation.number(node, scale));
+}
+
+void computeFourByFourMatrix(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    static const AttrIndex kFirst = node.type().find("in00");
+    Matrix44 matrix;
+    for (AttrIndex number = 0; number < 16; ++number) {
+        matrix[number / 4][number % 4] = evaluation.number(node, kFirst + number);
+    }
+    evaluation.putMatrix(node, output, matrix);
+}
+
 } // namespace host

@@ -26,4 +26,9 @@ void computeDistanceBetween(Evaluation& evaluation, Node& node, const PlugAddres
 /// angleBetween: angle, axis and angles of the shortest rotation from vector1 to vector2.
 void computeAngleBetween(Evaluation& evaluation, Node& node, const PlugAddress& output);
 
+/// holdMatrix: its input. passMatrix: its input times inScale, number by number.
+void computePassMatrix(Evaluation& evaluation, Node& node, const PlugAddress& output);
+/// fourByFourMatrix: the matrix of its 16 numbers, row by row.
+void computeFourByFourMatrix(Evaluation& evaluation, Node& node, const PlugAddress& output);
+
 } // namespace host

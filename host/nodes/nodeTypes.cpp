@@ -3,6 +3,7 @@
 #include "host/nodes/clusterCompute.h"
 #include "host/nodes/constraintCompute.h"
 #include "host/nodes/curveCompute.h"
+#include "host/nodes/curveShapeCompute.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/expressionCompute.h"
 #include "host/nodes/handleCompute.h"
@@ -31,6 +32,7 @@ constexpr AffectsRow kAffects[] = {
     {computeClusterHandle, fillDagAffects},
     {computeDeformHandle, fillDeformHandleAffects},
     {computeLattice, fillLatticeAffects},
+    {computeNurbsCurve, fillNurbsCurveAffects},
     {computeIkHandle, fillIkHandleAffects},
     {computePointConstraint, fillConstraintAffects},
     {computePoleVectorConstraint, fillConstraintAffects},

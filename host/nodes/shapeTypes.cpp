@@ -1,5 +1,6 @@
 #include "host/nodes/apiTypes.h"
 #include "host/nodes/clusterCompute.h"
+#include "host/nodes/curveShapeCompute.h"
 #include "host/nodes/handleCompute.h"
 #include "host/nodes/latticeCompute.h"
 #include "host/nodes/meshCompute.h"
@@ -159,8 +160,8 @@ constexpr AttributeRow kMesh[] = {
 constexpr AttributeRow kNurbsCurve[] = {
     {"create", "cr", "nurbsCurve"},
     {"cached", "cc", "nurbsCurve"},
-    {"local", "l", "nurbsCurve"},
-    {"worldSpace", "ws", "nurbsCurve", {}, 0, kWorld},
+    {"local", "l", "nurbsCurve", {}, 0, kComputed},
+    {"worldSpace", "ws", "nurbsCurve", {}, 0, kWorld | kComputed},
     {"minMaxValue", "mmv", "compound"},
     {".minValue", "min", "double"},
     {".maxValue", "max", "double"},
@@ -369,7 +370,7 @@ constexpr TypeRow kTypes[] = {
     {"curveShape", "controlPoint", api::kShape},
     {"surfaceShape", "controlPoint", api::kShape, kSurfaceShape},
     {"mesh", "surfaceShape", api::kMesh, kMesh, TypeBehaviour{DagRole::kNone, computeMesh}},
-    {"nurbsCurve", "curveShape", api::kNurbsCurve, kNurbsCurve},
+    {"nurbsCurve", "curveShape", api::kNurbsCurve, kNurbsCurve, TypeBehaviour{DagRole::kNone, computeNurbsCurve}},
     {"bezierCurve", "nurbsCurve", api::kBezierCurve},
     {"nurbsSurface", "surfaceShape", api::kNurbsSurface, kNurbsSurface},
     {"subdiv", "surfaceShape", api::kSubdiv, kSubdiv},

@@ -1,5 +1,7 @@
 #include "host/nodes/apiTypes.h"
 #include "host/nodes/arithmeticCompute.h"
+#include "host/nodes/colorCompute.h"
+#include "host/nodes/curveShapeCompute.h"
 #include "host/nodes/matrixCompute.h"
 #include "host/nodes/remapCompute.h"
 #include "host/nodes/typeRows.h"
@@ -124,9 +126,35 @@ constexpr AttributeRow kWtAddMatrix[] = {
     {"matrixSum", "o", "matrix", {}, 0, kComputed},
 };
 
-constexpr AttributeRow kOneMatrix[] = {
+constexpr AttributeRow kHoldMatrix[] = {
     {"inMatrix", "i", "matrix"},
-    {"outMatrix", "o", "matrix"},
+    {"outMatrix", "o", "matrix", {}, 0, kComputed},
+};
+
+constexpr AttributeRow kPassMatrix[] = {
+    {"inMatrix", "i", "matrix"},
+    {"inScale", "s", "double", {}, 1},
+    {"outMatrix", "o", "matrix", {}, 0, kComputed},
+};
+
+constexpr AttributeRow kFourByFourMatrix[] = {
+    {"in00", "i00", "double", {}, 1},
+    {"in01", "i01", "double"},
+    {"in02", "i02", "double"},
+    {"in03", "i03", "double"},
+    {"in10", "i10", "double"},
+    {"in11", "i11", "double", {}, 1},
+    {"in12", "i12", "double"},
+    {"in13", "i13", "double"},
+    {"in20", "i20", "double"},
+    {"in21", "i21", "double"},
+    {"in22", "i22", "double", {}, 1},
+    {"in23", "i23", "double"},
+    {"in30", "i30", "double"},
+    {"in31", "i31", "double"},
+    {"in32", "i32", "double"},
+    {"in33", "i33", "double", {}, 1},
+    {"output", "o", "matrix", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kInverseMatrix[] = {
@@ -188,7 +216,7 @@ constexpr AttributeRow kBlendTwoAttr[] = {
 constexpr AttributeRow kGammaCorrect[] = {
     {"value", "v", "float3", "XYZ", 0, kKeyable},
     {"gamma", "g", "float3", "XYZ", 1, kKeyable},
-    {"outValue", "o", "float3", "XYZ"},
+    {"outValue", "o", "float3", "XYZ", 0, kComputed},
 };
 
 constexpr AttributeRow kContrast[] = {
@@ -200,17 +228,17 @@ constexpr AttributeRow kContrast[] = {
 
 constexpr AttributeRow kLuminance[] = {
     {"value", "v", "float3", "RGB", 0, kKeyable},
-    {"outValue", "o", "float"},
+    {"outValue", "o", "float", {}, 0, kComputed},
 };
 
 constexpr AttributeRow kHsvToRgb[] = {
     {"inHsv", "i", "float3", "inHsvR ir inHsvG ig inHsvB ib"},
-    {"outRgb", "o", "float3", "outRgbR or outRgbG og outRgbB ob", 0, kColor},
+    {"outRgb", "o", "float3", "outRgbR or outRgbG og outRgbB ob", 0, kColor | kComputed},
 };
 
 constexpr AttributeRow kRgbToHsv[] = {
     {"inRgb", "i", "float3", "inRgbR ir inRgbG ig inRgbB ib", 0, kColor},
-    {"outHsv", "o", "float3", "outHsvH oh outHsvS os outHsvV ov"},
+    {"outHsv", "o", "float3", "outHsvH oh outHsvS os outHsvV ov", 0, kComputed},
 };
 
 constexpr AttributeRow kSamplerInfo[] = {
@@ -236,7 +264,7 @@ constexpr AttributeRow kRemapColor[] = {
 
 constexpr AttributeRow kCurveInfo[] = {
     {"inputCurve", "ic", "nurbsCurve"},
-    {"arcLength", "al", "distance"},
+    {"arcLength", "al", "distance", {}, 0, kComputed},
     {"controlPoints", "cp", "distance3", "xValue xv yValue yv zValue zv", 0, kArray},
     {"weights", "wt", "double", {}, 0, kArray},
     {"knots", "kn", "double", {}, 0, kArray},
@@ -274,11 +302,15 @@ constexpr TypeRow kTypes[] = {
     {"multMatrix", "dependNode", api::kMatrixMult, kMultMatrix, {DagRole::kNone, computeMultMatrix}},
     {"addMatrix", "dependNode", api::kMatrixAdd, kAddMatrix, {DagRole::kNone, computeAddMatrix}},
     {"wtAddMatrix", "dependNode", api::kMatrixWtAdd, kWtAddMatrix, {DagRole::kNone, computeWtAddMatrix}},
-    {"holdMatrix", "dependNode", api::kMatrixHold, kOneMatrix, kNotEvaluated},
-    {"passMatrix", "dependNode", api::kMatrixPass, kOneMatrix, kNotEvaluated},
+    {"holdMatrix", "dependNode", api::kMatrixHold, kHoldMatrix, {DagRole::kNone, computePassMatrix}},
+    {"passMatrix", "dependNode", api::kMatrixPass, kPassMatrix, {DagRole::kNone, computePassMatrix}},
     {"inverseMatrix", "dependNode", api::kInverseMatrix, kInverseMatrix, {DagRole::kNone, computeInverseMatrix}},
     {"transposeMatrix", "dependNode", api::kTransposeMatrix, kInverseMatrix, {DagRole::kNone, computeTransposeMatrix}},
-    {"fourByFourMatrix", "dependNode", api::kFourByFourMatrix, kNotEvaluated},
+    {"fourByFourMatrix",
+     "dependNode",
+     api::kFourByFourMatrix,
+     kFourByFourMatrix,
+     {DagRole::kNone, computeFourByFourMatrix}},
     {"pointMatrixMult",
      "dependNode",
      api::kPointMatrixMult,
@@ -293,13 +325,13 @@ constexpr TypeRow kTypes[] = {
     {"angleBetween", "dependNode", api::kAngleBetween, kAngleBetween, {DagRole::kNone, computeAngleBetween}},
     {"blendColors", "dependNode", api::kBlendColors, kBlendColors, {DagRole::kNone, computeBlendColors}},
     {"blendTwoAttr", "dependNode", api::kBlendTwoAttr, kBlendTwoAttr, {DagRole::kNone, computeBlendTwoAttr}},
-    {"gammaCorrect", "dependNode", api::kGammaCorrect, kGammaCorrect, kNotEvaluated},
+    {"gammaCorrect", "dependNode", api::kGammaCorrect, kGammaCorrect, {DagRole::kNone, computeGammaCorrect}},
     {"contrast", "dependNode", api::kContrast, kContrast, kNotEvaluated},
-    {"luminance", "dependNode", api::kLuminance, kLuminance, kNotEvaluated},
-    {"hsvToRgb", "dependNode", api::kHsvToRgb, kHsvToRgb, kNotEvaluated},
-    {"rgbToHsv", "dependNode", api::kRgbToHsv, kRgbToHsv, kNotEvaluated},
+    {"luminance", "dependNode", api::kLuminance, kLuminance, {DagRole::kNone, computeLuminance}},
+    {"hsvToRgb", "dependNode", api::kHsvToRgb, kHsvToRgb, {DagRole::kNone, computeHsvToRgb}},
+    {"rgbToHsv", "dependNode", api::kRgbToHsv, kRgbToHsv, {DagRole::kNone, computeRgbToHsv}},
     {"samplerInfo", "dependNode", api::kSamplerInfo, kSamplerInfo, kNotEvaluated},
-    {"curveInfo", "dependNode", api::kCurveInfo, kCurveInfo, kNotEvaluated},
+    {"curveInfo", "dependNode", api::kCurveInfo, kCurveInfo, {DagRole::kNone, computeCurveInfo}},
 };
 
 } // namespace

@@ -180,9 +180,7 @@ Outcome ValueReader::readAliasList(const Plug& plug) {
 
 Outcome ValueReader::readData(const Plug& plug, const ValueType& type) {
     Outcome outcome;
-    DataPtr data = type.form == ValueForm::kCharacterMapping ? readCharacterMapping(arguments_, outcome)
-                   : type.form == ValueForm::kLattice        ? readLattice(arguments_, outcome)
-                                                             : readArrayData(context_, arguments_, type.form, outcome);
+    DataPtr data = readDataValue(context_, arguments_, type.form, outcome);
     if (data == nullptr) {
         return outcome;
     }

@@ -3,6 +3,7 @@
 #include "host/geometry/ArrayData.h"
 #include "host/geometry/ComponentList.h"
 #include "host/geometry/LatticeData.h"
+#include "host/geometry/NurbsCurve.h"
 #include "host/graph/numberConversion.h"
 #include "host/nodes/characterMapping.h"
 #include "host/nodes/transformMatrix.h"
@@ -79,6 +80,15 @@ bool readCount(ArgumentStream& arguments, std::size_t& count, Outcome& outcome) 
     return true;
 }
 
+bool readSwitch(ArgumentStream& arguments, bool& isOn) {
+    double number = 0.0;
+    if (arguments.takeNumber(number)) {
+        isOn = number != 0.0;
+        return true;
+    }
+    return arguments.takeBoolean(isOn);
+}
+
 template <typename ArrayType>
 DataPtr readList(ArgumentStream& arguments, Outcome& outcome, std::string_view expected) {
     std::size_t count = 0;
@@ -144,12 +154,7 @@ bool readParts(ArgumentStream& arguments, TransformParts& parts) {
                          readPart(arguments, parts.scalePivotTranslate) && readPart(arguments, parts.rotatePivot) &&
                          readPart(arguments, parts.rotatePivotTranslate) && readPart(arguments, parts.rotateOrient) &&
                          readPart(arguments, parts.jointOrient) && readPart(arguments, parts.inverseScale);
-    double number = 0.0;
-    if (isWhole && arguments.takeNumber(number)) {
-        parts.compensates = number != 0.0;
-        return true;
-    }
-    return isWhole && arguments.takeBoolean(parts.compensates);
+    return isWhole && readSwitch(arguments, parts.compensates);
 }
 
 Matrix44 translation(const Imath::V3d& by) {
@@ -279,6 +284,38 @@ DataPtr readLattice(ArgumentStream& arguments, Outcome& outcome) {
     return lattice;
 }
 
+DataPtr readNurbsCurve(ArgumentStream& arguments, Outcome& outcome) {
+    auto curve = std::make_shared<NurbsCurve>();
+    std::int64_t degree = 0, spans = 0, form = 0, dimension = 0;
+    bool isRational = false;
+    const bool hasHead = arguments.takeInteger(degree) && arguments.takeInteger(spans) && arguments.takeInteger(form) &&
+                         readSwitch(arguments, isRational) && arguments.takeInteger(dimension);
+    if (!hasHead || degree < 1 || dimension < 2 || dimension > 3) {
+        outcome = Outcome::broken(arguments, "degree, spans, form, rational and dimension of a curve");
+        return nullptr;
+    }
+    const DataPtr knots = readList<DoubleArrayData>(arguments, outcome, kNumber);
+    std::size_t count = 0;
+    if (knots == nullptr || !readCount(arguments, count, outcome)) {
+        return nullptr;
+    }
+    curve->degree = static_cast<std::size_t>(degree);
+    curve->form = form == 0 ? CurveForm::kOpen : form == 1 ? CurveForm::kClosed : CurveForm::kPeriodic;
+    curve->knots = static_cast<const DoubleArrayData&>(*knots).values;
+    while (curve->points.size() < count) {
+        double numbers[4] = {0.0, 0.0, 0.0, 1.0};
+        if (arguments.takeNumbers(numbers, static_cast<std::size_t>(dimension)) !=
+                static_cast<std::size_t>(dimension) ||
+            (isRational && !arguments.takeNumber(numbers[3]))) {
+            outcome = Outcome::broken(arguments, kNumber);
+            return nullptr;
+        }
+        curve->points.emplace_back(numbers[0], numbers[1], numbers[2]);
+        curve->weights.push_back(numbers[3]);
+    }
+    return curve;
+}
+
 DataPtr readAliases(ArgumentStream& arguments, Outcome& outcome) {
     std::vector<std::string> texts;
     if (!arguments.takeStringList(texts) || texts.size() % 2 != 0) {
@@ -317,6 +354,19 @@ Outcome readFaces(ArgumentStream& arguments, PolyFacesBuilder& builder, std::int
         }
     }
     return builder.endChunk() ? Outcome::done() : failed();
+}
+
+DataPtr readDataValue(StatementContext& context, ArgumentStream& arguments, ValueForm form, Outcome& outcome) {
+    switch (form) {
+    case ValueForm::kCharacterMapping:
+        return readCharacterMapping(arguments, outcome);
+    case ValueForm::kLattice:
+        return readLattice(arguments, outcome);
+    case ValueForm::kNurbsCurve:
+        return readNurbsCurve(arguments, outcome);
+    default:
+        return readArrayData(context, arguments, form, outcome);
+    }
 }
 
 } // namespace host

@@ -24,10 +24,17 @@ DataPtr readCharacterMapping(ArgumentStream& arguments, Outcome& outcome);
 /// Three counts, how many points, and the points, s fastest.
 DataPtr readLattice(ArgumentStream& arguments, Outcome& outcome);
 
+/// Degree, spans, form (0 open, 1 closed, 2 periodic), whether points have weights, dimension; how many knots, and the
+/// knots; how many points, and the points, each with its weight. A curve that its numbers do not make stays as it is.
+DataPtr readNurbsCurve(ArgumentStream& arguments, Outcome& outcome);
+
 /// {"alias", "attribute", …}
 DataPtr readAliases(ArgumentStream& arguments, Outcome& outcome);
 
 /// One chunk of faces, into the builder.
 Outcome readFaces(ArgumentStream& arguments, PolyFacesBuilder& builder, std::int32_t firstFace);
+
+/// A value of any form that is held as data, but for aliases and faces.
+DataPtr readDataValue(StatementContext& context, ArgumentStream& arguments, ValueForm form, Outcome& outcome);
 
 } // namespace host

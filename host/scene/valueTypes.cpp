@@ -38,7 +38,7 @@ constexpr ValueType kValueTypes[] = {
     {"polyFaces", ValueForm::kPolyFaces, 0, DataKind::kPolyFaces},
     {"polyFace", ValueForm::kUnused, 0, DataKind::kOther},
     {"mesh", ValueForm::kUnused, 0, DataKind::kMesh},
-    {"nurbsCurve", ValueForm::kUnused, 0, DataKind::kNurbsCurve},
+    {"nurbsCurve", ValueForm::kNurbsCurve, 0, DataKind::kNurbsCurve},
     {"nurbsTrimface", ValueForm::kUnused, 0, DataKind::kOther},
     {"nurbsSurface", ValueForm::kUnused, 0, DataKind::kNurbsSurface},
     {"lattice", ValueForm::kLattice, 0, DataKind::kLattice},

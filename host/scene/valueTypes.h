@@ -25,6 +25,7 @@ enum class ValueForm : std::uint8_t {
     kReferenceEdits,
     kCharacterMapping,
     kLattice,
+    kNurbsCurve,
     kUnused, // known, but nothing that evaluates needs it
 };
 

@@ -141,5 +141,23 @@ TEST_F(MatrixNodes, MeasureDistancesAndAngles) {
     EXPECT_EQ(number(angle, "angle"), 0.0);
 }
 
+TEST_F(MatrixNodes, HoldAndScale) {
+    Node& hold = make("holdMatrix", "hold");
+    setMatrix(hold, "inMatrix", kAlongY);
+    EXPECT_EQ(matrix(hold, "outMatrix"), kAlongY);
+    Node& pass = make("passMatrix", "pass");
+    connect(hold, "outMatrix", pass, "inMatrix");
+    set(pass, "inScale", 2);
+    EXPECT_EQ(matrix(pass, "outMatrix"), kAlongY * 2.0);
+}
+
+TEST_F(MatrixNodes, AreMadeOfSixteenNumbers) {
+    Node& node = make("fourByFourMatrix", "four");
+    EXPECT_EQ(matrix(node, "output"), Matrix44());
+    set(node, "in30", 4);
+    set(node, "in01", 2);
+    EXPECT_EQ(matrix(node, "output"), rows({1, 2, 0}, {0, 1, 0}, {0, 0, 1}, {4, 0, 0}));
+}
+
 } // namespace
 } // namespace host
