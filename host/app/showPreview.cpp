@@ -46,7 +46,7 @@ int showPreview(Host& /*host*/, Console& console, const CommandLine& commandLine
     const std::string base = withoutKind(commandLine.preview);
     std::string page;
     try {
-        page = previewPage(base);
+        page = preview::previewPage(base);
     } catch (const std::runtime_error& error) {
         console.error(error.what());
         return kFailed;

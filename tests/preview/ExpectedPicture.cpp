@@ -32,6 +32,26 @@ Imath::V3d colorOf(const std::vector<double>& parts) {
     return Imath::V3d(parts.at(0), parts.at(1), parts.at(2)) / kSteps;
 }
 
+// A billboard keeps its place and size; "y_on" turns about the y axis only. It has no children here.
+Imath::M44d turnedToEye(const decode::ModelNode& node, const StraightCamera& camera) {
+    EXPECT_EQ(node.child, -1);
+    Imath::V3d back = camera.eye - camera.target;
+    if (node.billboard == "y_on") {
+        back.y = 0.0;
+    }
+    back.normalize();
+    const Imath::V3d right = Imath::V3d(0.0, 1.0, 0.0).cross(back).normalized();
+    const std::array<Imath::V3d, 3> axes = {right, back.cross(right), back};
+    Imath::M44d turned = node.world;
+    for (int row = 0; row < 3; ++row) {
+        const Imath::V3d scaled(node.world[row][0], node.world[row][1], node.world[row][2]);
+        for (int i = 0; i < 3; ++i) {
+            turned[row][i] = axes.at(static_cast<std::size_t>(row))[i] * scaled.length();
+        }
+    }
+    return turned;
+}
+
 // Of each face of a polygon the primitive that it is in, counted on from `first`.
 std::vector<int> primitivesOf(const decode::ModelFile& model, const decode::DrawnPolygon& polygon, int first) {
     const decode::FileElement& array = model.root.child("body").child("polygon_array");
@@ -144,7 +164,7 @@ ExpectedPicture::ExpectedPicture(DecodedExport& files, std::size_t frame, const 
     std::vector<Imath::M44d> worlds;
     for (const decode::ModelNode& node :
          files.nodes ? decode::posed(files.model, *files.nodes, frame) : files.model.nodes) {
-        worlds.push_back(node.world);
+        worlds.push_back(node.billboard == "off" ? node.world : turnedToEye(node, camera));
         nodePlaces_.push_back(node.world.translation());
     }
     decode::poseModel(files.model, worlds, files.geometry);

@@ -26,7 +26,7 @@ std::string contents(const std::string& path) {
 class WalkFiles {
 public:
     WalkFiles() {
-        for (const char* ending : host::app::kFileEndings) {
+        for (const char* ending : host::app::preview::kFileEndings) {
             fs::copy_file(std::string(TVK_SAMPLES "/walk.") + ending, path(ending));
         }
     }
@@ -48,7 +48,7 @@ public:
     /// What is wrong with them; "" when nothing is. The folder's name is shown as FOLDER.
     std::string problem() const {
         try {
-            host::app::previewPage(base());
+            host::app::preview::previewPage(base());
             return "";
         } catch (const std::runtime_error& error) {
             std::string text = error.what();
@@ -106,7 +106,7 @@ TEST(ExportedFiles, AreRefusedWhenDamaged) {
 }
 
 TEST(ExportedFiles, AreRefusedWhenOneEndsAnywhere) {
-    for (const char* ending : host::app::kFileEndings) {
+    for (const char* ending : host::app::preview::kFileEndings) {
         const WalkFiles files;
         const std::string whole = contents(files.path(ending));
         for (const std::size_t part : {0, 1, 3, 5, 7, 9}) {

@@ -9,7 +9,7 @@
 namespace tvk {
 namespace {
 
-using host::app::JsonText;
+using host::app::preview::JsonText;
 
 std::string written(const JsonText& json) {
     return json.written();

@@ -19,7 +19,7 @@ const StraightCamera kCamera = {{3, 6, 20}, {0, 4.5, 1}, 9.6};
 class SwitchedPage : public testing::Test {
 protected:
     SwitchedPage() : files_(readExport(TVK_SAMPLES "/walk")) {
-        browser_.writePage(host::app::previewPage(TVK_SAMPLES "/walk"));
+        browser_.writePage(host::app::preview::previewPage(TVK_SAMPLES "/walk"));
     }
 
     Shot shoot(const std::string& switches) const {

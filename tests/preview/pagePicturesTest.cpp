@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <sstream>
 
@@ -117,6 +118,7 @@ const std::vector<SampleView>& sampleViews() {
         {"WalkAtItsEnd", "walk", 60, 1, {{-12, 9, 16}, {0, 4, 1}, 12.0}, 12000},
         {"SkinWithBlends", "golem", 1, 1, {{2, 1.4, 6}, {0, 1, 0}, 2.2}, 10000},
         {"TexturesOfAllFormats", "materials", 1, 1, {{2, 5, 30}, {0, 3.5, 0}, 13.0}, 20000},
+        {"OnlyBothSidedFacesFromBehind", "materials", 1, 1, {{2, 5, -30}, {0, 3.5, 0}, 13.0}, 1000},
     };
     return kViews;
 }
@@ -128,7 +130,7 @@ TEST_P(SamplePictures, ShowTheDecodedFiles) {
     const std::string base = std::string(TVK_SAMPLES "/") + view.sample;
     DecodedExport files = readExport(base);
     const Browser browser;
-    browser.writePage(host::app::previewPage(base));
+    browser.writePage(host::app::preview::previewPage(base));
     expectShown(browser, files, view.frame, view.firstFrame, view.camera, view.least);
 }
 
@@ -196,11 +198,33 @@ TEST(PagePictures, BendASkinAsTheConsoleDoes) {
         << turningNodes(model, {{"forearm_l", 15.0}, {"forearm_r", -10.0}, {"belly", 5.0}, {"thigh_l", 10.0}});
     DecodedExport files = readExport(base);
     ASSERT_TRUE(files.nodes.has_value());
-    browser.writePage(host::app::previewPage(base));
+    browser.writePage(host::app::preview::previewPage(base));
     const StraightCamera camera = {{0, 1, 6}, {0, 1, 0}, 2.2};
     expectShown(browser, files, 10, 10, camera, 10000);
     expectShown(browser, files, 13, 10, camera, 10000);
     expectShown(browser, files, 14, 10, camera, 10000);
+}
+
+TEST(PagePictures, TurnBillboardsToTheEye) {
+    const Browser browser;
+    const std::string base = browser.path("signs");
+    std::ifstream stream(TVK_SAMPLES "/materials.imd", std::ios::binary);
+    std::string model{std::istreambuf_iterator<char>(stream), {}};
+    const auto turn = [&model](const std::string& node, const std::string& way) {
+        const std::string off = "billboard=\"off\"";
+        const std::size_t at = model.find(off, model.find("name=\"" + node + "\" kind=\"mesh\""));
+        ASSERT_NE(at, std::string::npos) << node;
+        model.replace(at, off.size(), "billboard=\"" + way + "\"");
+    };
+    turn("lamp_on", "on");
+    turn("window", "on");
+    turn("sky", "y_on");
+    turn("meadow", "y_on");
+    std::ofstream(base + ".imd", std::ios::binary) << model;
+    DecodedExport files = readExport(base);
+    browser.writePage(host::app::preview::previewPage(base));
+    expectShown(browser, files, 1, 1, {{20, 15, 14}, {0, 3.5, 0}, 13.0}, 10000);
+    expectShown(browser, files, 1, 1, {{-14, 9, -20}, {0, 3.5, 0}, 13.0}, 5000);
 }
 
 } // namespace tvk

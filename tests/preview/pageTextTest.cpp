@@ -46,7 +46,7 @@ std::string panelOf(const std::string& elements) {
 
 TEST(PageText, TellsWhatTheFilesHold) {
     const Browser browser;
-    browser.writePage(host::app::previewPage(TVK_SAMPLES "/walk"));
+    browser.writePage(host::app::preview::previewPage(TVK_SAMPLES "/walk"));
     const std::string elements = browser.elements("");
     EXPECT_NE(elements.find("data-ready=\"yes\""), std::string::npos);
     EXPECT_NE(elements.find("<title>walk"), std::string::npos);
@@ -61,7 +61,7 @@ TEST(PageText, TellsWhatTheFilesHold) {
 
 TEST(PageText, TellsWhatIsMissingAndWhatFollows) {
     const Browser browser;
-    browser.writePage(host::app::previewPage(TVK_SAMPLES "/golem"));
+    browser.writePage(host::app::preview::previewPage(TVK_SAMPLES "/golem"));
     const std::string elements = browser.elements("");
     const std::string panel = panelOf(elements);
     EXPECT_EQ(countOf(panel, "class=\"missing\""), 5U);
@@ -75,7 +75,7 @@ TEST(PageText, TellsWhatIsMissingAndWhatFollows) {
 
 TEST(PageText, PlaysByItself) {
     const Browser browser;
-    browser.writePage(host::app::previewPage(TVK_SAMPLES "/walk"));
+    browser.writePage(host::app::preview::previewPage(TVK_SAMPLES "/walk"));
     const auto frameOf = [](const std::string& elements) {
         const std::string start = "<output id=\"frame\" for=\"slider\">";
         const std::size_t at = elements.find(start);
@@ -97,7 +97,7 @@ TEST(PageText, ShowsNamesAsTheyAre) {
     model = replaced(model, "name=\"coat_mat\"", "name=\"" + script + "\"");
     model = replaced(model, "name=\"skin_mat\"", "name=\"" + japanese + "\"");
     std::ofstream(base + ".imd", std::ios::binary) << model;
-    browser.writePage(host::app::previewPage(base));
+    browser.writePage(host::app::preview::previewPage(base));
     const std::string elements = browser.elements("");
     EXPECT_NE(elements.find("data-ready=\"yes\""), std::string::npos);
     EXPECT_EQ(elements.find("data-caught"), std::string::npos);
@@ -108,7 +108,7 @@ TEST(PageText, ShowsNamesAsTheyAre) {
 }
 
 TEST(PageText, AsksForNothingFromOutside) {
-    const std::string page = host::app::previewPage(TVK_SAMPLES "/walk");
+    const std::string page = host::app::preview::previewPage(TVK_SAMPLES "/walk");
     EXPECT_EQ(countOf(page, "<script"), 2U) << "the data and the program";
     EXPECT_EQ(countOf(page, "</script"), 2U);
     EXPECT_EQ(countOf(page, "src="), countOf(page, "src=\"data:"));

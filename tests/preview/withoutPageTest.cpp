@@ -9,7 +9,7 @@ namespace tvk {
 
 TEST(WithoutPage, TellsHowToGetIt) {
     try {
-        host::app::previewPage(TVK_SAMPLES "/walk");
+        host::app::preview::previewPage(TVK_SAMPLES "/walk");
         FAIL() << "there is a page";
     } catch (const std::runtime_error& error) {
         EXPECT_STREQ(error.what(), "this tvkexport was built without the preview; './tvk preview BASE' builds it with, "

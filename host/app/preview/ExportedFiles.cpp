@@ -10,7 +10,7 @@
 #include <stdexcept>
 #include <vector>
 
-namespace host::app {
+namespace host::app::preview {
 namespace {
 
 constexpr std::uintmax_t kMostBytes = std::uintmax_t{1} << 30U;
@@ -218,4 +218,4 @@ ExportedFiles readExportedFiles(const std::string& base) {
     return Reader(base).read();
 }
 
-} // namespace host::app
+} // namespace host::app::preview

@@ -12,7 +12,7 @@
 #include <optional>
 #include <string>
 
-namespace host::app {
+namespace host::app::preview {
 
 /// The kinds of files of an export.
 enum class FileKind : unsigned char { kImd, kIca, kIma, kItp, kIva, kIta };
@@ -44,4 +44,4 @@ struct ExportedFiles {
 /// read, is larger than 1 GB or damaged, and files of different exports.
 ExportedFiles readExportedFiles(const std::string& base);
 
-} // namespace host::app
+} // namespace host::app::preview

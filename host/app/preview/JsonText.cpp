@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstring>
 
-namespace host::app {
+namespace host::app::preview {
 namespace {
 
 constexpr char kHexDigits[] = "0123456789abcdef";
@@ -176,4 +176,4 @@ JsonText& JsonText::end(char bracket) {
     return *this;
 }
 
-} // namespace host::app
+} // namespace host::app::preview

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace host::app {
+namespace host::app::preview {
 
 /// Writes JSON that can stand in a script element of a page, whatever the texts in it are: pure ASCII, and no '<'.
 /// The caller closes what it opens, and names every member of an object.
@@ -49,4 +49,4 @@ private:
     bool isFirst_ = true; // nothing before it in its object or array, or a name
 };
 
-} // namespace host::app
+} // namespace host::app::preview

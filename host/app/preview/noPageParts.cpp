@@ -1,9 +1,9 @@
 #include "host/app/preview/pageParts.h"
 
-namespace host::app {
+namespace host::app::preview {
 
 std::optional<PageParts> pageParts() {
     return std::nullopt;
 }
 
-} // namespace host::app
+} // namespace host::app::preview

@@ -6,7 +6,7 @@
 #include <array>
 #include <cmath>
 
-namespace host::app {
+namespace host::app::preview {
 namespace {
 
 using decode::FileElement;
@@ -230,4 +230,4 @@ std::string pageData(const ExportedFiles& files) {
     return json.endObject().written();
 }
 
-} // namespace host::app
+} // namespace host::app::preview

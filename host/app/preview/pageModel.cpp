@@ -7,7 +7,7 @@
 #include <map>
 #include <tuple>
 
-namespace host::app {
+namespace host::app::preview {
 namespace {
 
 using decode::DrawnVertex;
@@ -316,4 +316,4 @@ void writeNotes(const ExportedFiles& files, JsonText& json) {
     json.endArray();
 }
 
-} // namespace host::app
+} // namespace host::app::preview

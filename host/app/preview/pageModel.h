@@ -3,7 +3,7 @@
 #include "host/app/preview/ExportedFiles.h"
 #include "host/app/preview/JsonText.h"
 
-namespace host::app {
+namespace host::app::preview {
 
 // The model's part of the page's data. Each writes one value. Throw a decode::FileError for what they cannot show.
 
@@ -19,4 +19,4 @@ void writeNotes(const ExportedFiles& files, JsonText& json);
 /// The model's materials in their order; null when it has none.
 const decode::FileElement* materialArray(const ExportedFiles& files);
 
-} // namespace host::app
+} // namespace host::app::preview

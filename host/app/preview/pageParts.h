@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-namespace host::app {
+namespace host::app::preview {
 
 /// The page around its data.
 struct PageParts {
@@ -13,4 +13,4 @@ struct PageParts {
 /// Nothing when the program was built without the page.
 std::optional<PageParts> pageParts();
 
-} // namespace host::app
+} // namespace host::app::preview

@@ -8,7 +8,7 @@
 
 #include <stdexcept>
 
-namespace host::app {
+namespace host::app::preview {
 
 std::string previewPage(const std::string& base) {
     const std::optional<PageParts> parts = pageParts();
@@ -27,4 +27,4 @@ std::string previewPage(const std::string& base) {
     }
 }
 
-} // namespace host::app
+} // namespace host::app::preview

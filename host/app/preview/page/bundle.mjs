@@ -43,7 +43,7 @@ const viewOf = (name) => `std::string_view(reinterpret_cast<const char*>(${name}
 
 writeFileSync(target, `#include "host/app/preview/pageParts.h"
 
-namespace host::app {
+namespace host::app::preview {
 namespace {
 
 ${arrayOf("kStart", start)}
@@ -54,5 +54,5 @@ std::optional<PageParts> pageParts() {
     return PageParts{${viewOf("kStart")}, ${viewOf("kEnd")}};
 }
 
-} // namespace host::app
+} // namespace host::app::preview
 `);

@@ -38,10 +38,11 @@ uniform int coordinateSource; // 0 as sent, 1 placed, 2 normals, 3 positions
 uniform bool centersCoordinates;
 uniform mat3 placement;
 uniform mat4 effect;
-in vec3 vertexColor, primitiveColor;
+in vec3 vertexColor, primitiveColor, edgeDistance;
 out vec4 polygonColor;
 out vec2 coordinate;
 out vec3 seen; // where it stands before the camera
+out vec3 toEdges;
 ${carrierText}
 vec3 litColor(vec3 world, vec3 away, vec3 own) {
     vec3 toEye = isOrthographic ? vec3(viewMatrix[0][2], viewMatrix[1][2], viewMatrix[2][2])
@@ -76,19 +77,23 @@ void main() {
     coordinate = coordinateSource == 2 ? generated(mat3(viewMatrix) * away)
                : coordinateSource == 3 ? generated(position) : (placement * vec3(uv, 1.0)).xy;
     seen = (viewMatrix * world).xyz;
+    toEdges = edgeDistance;
     gl_Position = projectionMatrix * vec4(seen, 1.0);
 }
 `;
 
 export const surfaceFragment = `
 uniform int shading;
-uniform bool hasTexture, isDecal;
+uniform bool hasTexture, isDecal, isWire;
 uniform sampler2D image;
 in vec4 polygonColor;
 in vec2 coordinate;
-in vec3 seen;
+in vec3 seen, toEdges;
 out vec4 shown;
 void main() {
+    if (isWire && all(greaterThan(toEdges, fwidth(toEdges)))) {
+        discard;
+    }
     shown = polygonColor;
     if (hasTexture && shading == ${shadings.console}) {
         vec4 texel = texture(image, coordinate);

@@ -66,6 +66,22 @@ function geometryOf(polygon, firstPrimitive) {
     return geometry;
 }
 
+// Each corner with how far it is from the three sides of its triangle. A side within a quad is far from all.
+function outlinedOf(geometry, faces) {
+    const distances = [];
+    for (let at = 0; at < faces.length; at += 4) {
+        const isQuad = faces[at + 3] !== kNoCorner;
+        const inner = isQuad ? 1 : 0;
+        distances.push(1, inner, 0, 0, 1 + inner, 0, 0, inner, 1);
+        if (isQuad) {
+            distances.push(1, 0, 1, 0, 1, 1, 0, 0, 2);
+        }
+    }
+    const outlined = geometry.toNonIndexed();
+    outlined.setAttribute("edgeDistance", new THREE.BufferAttribute(Float32Array.from(distances), 3));
+    return outlined;
+}
+
 function wiresOf(geometry, faces) {
     const wires = new THREE.BufferGeometry();
     wires.setAttribute("position", geometry.getAttribute("position"));
@@ -98,11 +114,7 @@ export class Surfaces {
         const look = this.lookOf(polygon);
         const material = this.data.materials[polygon.material];
         const lines = wiresOf(geometry, polygon.faces);
-        const surface = material.isWire ? new THREE.LineSegments(geometryOf(polygon, firstPrimitive), look)
-                                        : new THREE.Mesh(geometry, look);
-        if (material.isWire) {
-            surface.geometry.setIndex(edgesOf(polygon.faces));
-        }
+        const surface = new THREE.Mesh(material.isWire ? outlinedOf(geometry, polygon.faces) : geometry, look);
         const wires = new THREE.LineSegments(lines, this.wireLook());
         for (const thing of [surface, wires]) {
             thing.frustumCulled = false; // only the graphics card knows where the vertices are
@@ -128,6 +140,7 @@ export class Surfaces {
                 isLit: { value: polygon.normals !== null && material.lights.includes(true) },
                 hasColors: { value: polygon.colors !== null },
                 isShadow: { value: material.mode === "shadow" },
+                isWire: { value: material.isWire },
                 isDecal: { value: material.mode === "decal" },
                 hasTexture: { value: false },
                 image: { value: null },

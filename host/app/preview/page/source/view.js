@@ -67,12 +67,15 @@ export class View {
         this.perspective = new THREE.PerspectiveCamera(kFieldOfView);
         this.orthographic = new THREE.OrthographicCamera();
         this.camera = this.perspective;
+        this.seenFrom = null; // the name of the direction, while it is looked from there
         this.controls = new OrbitControls(this.camera, canvas);
         this.controls.addEventListener("change", () => this.onChange?.());
+        this.controls.addEventListener("start", () => (this.seenFrom = null));
     }
 
     /** Looks at the whole model from a direction with a name. */
     lookFrom(name) {
+        this.seenFrom = name;
         const center = this.box.getCenter(new THREE.Vector3());
         const radius = Math.max(this.box.getSize(new THREE.Vector3()).length() / 2, 1e-6);
         const away = new THREE.Vector3(...(kDirections[name] ?? kDirections.corner)).normalize();
@@ -91,6 +94,7 @@ export class View {
 
     /** Looks without perspective. numbers: the eye, what it looks at, and the height of what is seen. */
     lookStraight(numbers) {
+        this.seenFrom = null;
         const [eyeX, eyeY, eyeZ, atX, atY, atZ, height] = numbers;
         this.useCamera(this.orthographic);
         this.camera.position.set(eyeX, eyeY, eyeZ);
@@ -107,6 +111,7 @@ export class View {
         this.controls.object = camera;
     }
 
+    /** Fits the picture to its place, and the model to the picture until somebody turns it by hand. */
     resize() {
         const { clientWidth: width, clientHeight: height } = this.renderer.domElement;
         this.renderer.setPixelRatio(window.devicePixelRatio);
@@ -117,6 +122,9 @@ export class View {
             Object.assign(this.camera, { top: half, bottom: -half, right: (half * width) / height, left: (-half * width) / height });
         }
         this.camera.updateProjectionMatrix();
+        if (this.seenFrom !== null) {
+            this.lookFrom(this.seenFrom);
+        }
     }
 
     /** Axes that a billboard takes to face the camera, and those if it may turn about y only. */
