@@ -1,5 +1,6 @@
 #include "host/scene/readReferenceEdits.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -58,7 +59,7 @@ private:
     void takeHeading() {
         if (isNumber(at_ + 1)) {
             blocks_.push_back({std::move(items_[at_].text), {}});
-            left_ = items_[at_ + 1].number;
+            left_ = std::max<std::int64_t>(items_[at_ + 1].number, 0);
             ++at_;
         }
         ++at_;

@@ -285,6 +285,7 @@ TEST(ReferenceEdits, MixedAtRandomNeverBreakTheScene) {
                                   "9",
                                   "-3",
                                   "999999999999",
+                                  "-9223372036854775808",
                                   "\"xRN\"",
                                   "\"x:root\"",
                                   "x:hand",
