@@ -1,6 +1,9 @@
 #include "host/nodes/historySettings.h"
 
+#include "host/nodes/polyFaceCompute.h"
+
 #include "host/geometry/deleteParts.h"
+#include "host/geometry/extrusion.h"
 #include "host/geometry/meshComponents.h"
 
 #include <algorithm>
@@ -16,6 +19,7 @@ struct SettingRow {
     std::string_view type; // or one that derives from it
     std::string_view attribute;
     double lowest, highest;
+    std::string_view spared{}; // a type that derives from it all the same
 };
 
 constexpr SettingRow kSettings[] = {
@@ -37,10 +41,17 @@ constexpr SettingRow kSettings[] = {
     {"polyMoveVertex", "rotate", 0, 0},
     {"polyMoveVertex", "scale", 1, 1},
     {"polyMoveVertex", "random", 0, 0},
-    {"polyMoveVertex", "localTranslate", 0, 0},
+    {"polyMoveVertex", "localTranslate", 0, 0, "polyExtrudeFace"},
     {"polyMoveVertex", "localRotate", 0, 0},
     {"polyMoveVertex", "localScale", 1, 1},
     {"polyChipOff", "offset", 0, 0},
+    {"polyExtrudeFace", "localTranslateX", 0, 0},
+    {"polyExtrudeFace", "localTranslateY", 0, 0},
+    {"polyExtrudeFace", "divisions", 1, 1},
+    {"polyExtrudeFace", "twist", 0, 0},
+    {"polyExtrudeFace", "taper", 1, 1},
+    {"polyExtrudeFace", "reverseAllFaces", 0, 0},
+    {"polyExtrudeFace", "inputProfileCurve", 0, 0},
 };
 
 bool isWithin(Graph& graph, const Plug& plug, const SettingRow& row) {
@@ -80,6 +91,21 @@ bool isSmoothedInPart(Graph& graph, Node& node) {
     return count != 0 && static_cast<std::size_t>(count) != named.size();
 }
 
+/// A length that is keyed counts as some length.
+std::string doubtOfExtrusion(Graph& graph, Node& node) {
+    const ListedNode in = listedNode(graph, node, "inputPolymesh", "inputComponents");
+    if (in.mesh == nullptr || in.list == nullptr) {
+        return {};
+    }
+    const auto isDriven = [&](std::string_view name) { return graph.isDriven({&node, graph.findPlug(node, name)}); };
+    Evaluation evaluation(graph);
+    Extrusion how = extrusionOf(evaluation, node);
+    how.along = isDriven("localTranslateZ") || isDriven("thickness") ? 1.0 : how.along;
+    how.offset = isDriven("offset") ? 1.0 : how.offset;
+    const std::string doubt = extrudeFaces(*in.mesh, namedFaces(*in.list, *in.mesh->topology), how).doubt;
+    return doubt != "along" ? doubt : isSteady(graph, node, "thickness", 0.0) ? "localTranslateZ" : "thickness";
+}
+
 /// Vertices with more edges than two are deleted together with those, in an order that is not known.
 bool leavesVertices(const ListedNode& in) {
     return in.mesh != nullptr && in.list != nullptr &&
@@ -107,13 +133,17 @@ bool isSteady(Graph& graph, Node& node, std::string_view attribute, double value
 std::string findUnsupportedSetting(Graph& graph, Node& node) {
     const NodeType& type = node.type();
     for (const SettingRow& row : kSettings) {
-        const Plug plug{&node, type.isKindOf(row.type) ? graph.findPlug(node, row.attribute) : PlugAddress()};
+        const bool isMeant = type.isKindOf(row.type) && (row.spared.empty() || !type.isKindOf(row.spared));
+        const Plug plug{&node, isMeant ? graph.findPlug(node, row.attribute) : PlugAddress()};
         if (plug && !isWithin(graph, plug, row)) {
             return std::string(row.attribute);
         }
     }
     if (type.isKindOf("polySmoothFace") && isSmoothedInPart(graph, node)) {
         return "inputComponents";
+    }
+    if (type.isKindOf("polyExtrudeFace")) {
+        return doubtOfExtrusion(graph, node);
     }
     if (type.isKindOf("polyDelVertex") && leavesVertices(listedNode(graph, node, "inputPolymesh", "inputComponents"))) {
         return "inputComponents";

@@ -80,13 +80,15 @@ void mergeChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
     mesh = *mergeVertices(mesh, chosen, distance, workingSpace(evaluation, node));
 }
 
+V3d translationOf(Evaluation& evaluation, Node& node) {
+    return {numberOf(evaluation, node, "translateX"), numberOf(evaluation, node, "translateY"),
+            numberOf(evaluation, node, "translateZ")};
+}
+
 /// Moves the points for which `moves` is true by a translation in the space in which the node works.
 void translate(Evaluation& evaluation, Node& node, const std::vector<bool>& moves, MeshData& mesh) {
-    const V3d by(numberOf(evaluation, node, "translateX"), numberOf(evaluation, node, "translateY"),
-                 numberOf(evaluation, node, "translateZ"));
-    const Matrix44 matrix = workingSpace(evaluation, node);
     V3d own;
-    matrix.inverse().multDirMatrix(by, own);
+    workingSpace(evaluation, node).inverse().multDirMatrix(translationOf(evaluation, node), own);
     if (own == V3d(0.0)) {
         return;
     }
@@ -116,6 +118,11 @@ void chipOffChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
         moves = namedVertices(*chosenOf(evaluation, node), *mesh.topology);
     }
     translate(evaluation, node, moves, mesh);
+}
+
+void extrudeChosen(Evaluation& evaluation, Node& node, MeshData& mesh) {
+    const std::vector<bool> chosen = chosenFaces(evaluation, node, mesh);
+    mesh = *extrudeFaces(mesh, chosen, extrusionOf(evaluation, node)).mesh;
 }
 
 void deleteFaces(const ComponentList& list, MeshData& mesh) {
@@ -171,6 +178,21 @@ void computePolyMergeVert(Evaluation& evaluation, Node& node, const PlugAddress&
 
 void computePolyChipOff(Evaluation& evaluation, Node& node, const PlugAddress& output) {
     putModified(evaluation, node, output, chipOffChosen);
+}
+
+Extrusion extrusionOf(Evaluation& evaluation, Node& node) {
+    Extrusion how;
+    how.together = isSet(evaluation, node, "keepFacesTogether");
+    how.translate = translationOf(evaluation, node);
+    how.along = numberOf(evaluation, node, "localTranslateZ") + numberOf(evaluation, node, "thickness");
+    how.offset = numberOf(evaluation, node, "offset");
+    how.smoothingAngle = numberOf(evaluation, node, "smoothingAngle");
+    how.matrix = workingSpace(evaluation, node);
+    return how;
+}
+
+void computePolyExtrudeFace(Evaluation& evaluation, Node& node, const PlugAddress& output) {
+    putModified(evaluation, node, output, extrudeChosen);
 }
 
 void computePolyDelFacet(Evaluation& evaluation, Node& node, const PlugAddress& output) {

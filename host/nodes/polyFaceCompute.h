@@ -1,6 +1,7 @@
 #pragma once
 
-#include "host/graph/NodeType.h"
+#include "host/geometry/extrusion.h"
+#include "host/graph/Evaluation.h"
 
 namespace host {
 
@@ -15,10 +16,14 @@ void computePolyDelFacet(Evaluation& evaluation, Node& node, const PlugAddress& 
 void computePolyDelEdge(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computePolyDelVertex(Evaluation& evaluation, Node& node, const PlugAddress& output);
 void computeDeleteComponent(Evaluation& evaluation, Node& node, const PlugAddress& output);
+void computePolyExtrudeFace(Evaluation& evaluation, Node& node, const PlugAddress& output);
 /// Vertices, or those of edges or faces, moved by a translation.
 void computePolyMove(Evaluation& evaluation, Node& node, const PlugAddress& output);
 /// Modifiers that change nothing which is read from a mesh.
 void computeUnchanged(Evaluation& evaluation, Node& node, const PlugAddress& output);
+
+/// What a polyExtrudeFace node is set to.
+Extrusion extrusionOf(Evaluation& evaluation, Node& node);
 
 /// One mesh in, each of its shells out: in the order of their lowest faces.
 void computePolySeparate(Evaluation& evaluation, Node& node, const PlugAddress& output);

@@ -115,6 +115,20 @@ constexpr AttributeRow kPolyChipOff[] = {
     {"duplicate", "dup", "bool", {}, 1},
 };
 
+constexpr AttributeRow kPolyExtrudeFace[] = {
+    {"offset", "off", "float", {}, 0, kKeyable},
+    {"keepFacesTogether", "kft", "bool", {}, 1},
+    {"inputProfileCurve", "ipc", "any"},
+    {"divisions", "d", "long", {}, 1, kKeyable},
+    {"twist", "twt", "angle", {}, 0, kKeyable},
+    {"taper", "tp", "double", {}, 1, kKeyable},
+    {"thickness", "tk", "distance", {}, 0, kKeyable},
+    {"smoothingAngle", "sma", "angle", {}, 30, kKeyable},
+    {"reverseAllFaces", "rall", "bool"},
+    {"compBoundingBoxMin", "cbn", "distance3", "XYZ"},
+    {"compBoundingBoxMax", "cbx", "distance3", "XYZ"},
+};
+
 constexpr AttributeRow kPolySeparate[] = {
     {"inputPoly", "ip", "mesh"},
     {"icount", "ic", "long"},
@@ -172,6 +186,7 @@ constexpr TypeRow kTypes[] = {
     {"polyMoveEdge", "polyMoveVertex", api::kPolyMoveEdge},
     {"polyMoveFace", "polyMoveVertex", api::kPolyMoveFacet},
     {"polyChipOff", "polyMoveFace", api::kPolyChipOff, kPolyChipOff, computedBy(computePolyChipOff)},
+    {"polyExtrudeFace", "polyMoveFace", api::kPolyExtrudeFacet, kPolyExtrudeFace, computedBy(computePolyExtrudeFace)},
     {"polyAppend", "polyModifier", api::kPolyAppend},
     {"polyAppendVertex", "polyModifier", api::kPolyAppendVertex},
     {"polyAutoProj", "polyModifier", api::kPolyAutoProj},
@@ -200,7 +215,6 @@ constexpr TypeRow kTypes[] = {
     {"polyDuplicateEdge", "polyModifier", api::kPolyDuplicateEdge},
     {"polyEditEdgeFlow", "polyModifier", api::kPolyEditEdgeFlow},
     {"polyExtrudeEdge", "polyModifier", api::kPolyExtrudeEdge},
-    {"polyExtrudeFace", "polyModifier", api::kPolyExtrudeFacet},
     {"polyExtrudeVertex", "polyModifier", api::kPolyExtrudeVertex},
     {"polyFlipEdge", "polyModifier", api::kPolyFlipEdge},
     {"polyFlipUV", "polyModifier", api::kPolyFlipUV},

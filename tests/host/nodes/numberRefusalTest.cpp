@@ -145,7 +145,11 @@ INSTANTIATE_TEST_SUITE_P(Rows, Setting,
                                          SettingRow{"polyMoveVertex", "scaleY", 2, "scale"},
                                          SettingRow{"polyMoveFace", "localTranslateZ", 2, "localTranslate"},
                                          SettingRow{"polyChipOff", "offset", 0.1, "offset"},
-                                         SettingRow{"polyChipOff", "rotateX", 0.1, "rotate"}));
+                                         SettingRow{"polyChipOff", "rotateX", 0.1, "rotate"},
+                                         SettingRow{"polyExtrudeFace", "localTranslateX", 1, "localTranslateX"},
+                                         SettingRow{"polyExtrudeFace", "divisions", 2, "divisions"},
+                                         SettingRow{"polyExtrudeFace", "localScaleX", 0.5, "localScale"},
+                                         SettingRow{"polyExtrudeFace", "taper", 0.5, "taper"}));
 
 TEST_F(NumberedHistory, WithSettingsThatMoveIsNotSupported) {
     Node& divided = add("polySubdFace", "divided");
@@ -153,6 +157,23 @@ TEST_F(NumberedHistory, WithSettingsThatMoveIsNotSupported) {
     EXPECT_EQ(findUnsupportedSetting(graph, divided), "") << "any number will do";
     connect(make("transform", "driver"), "translateX", divided, "mode");
     EXPECT_EQ(findUnsupportedSetting(graph, divided), "mode") << "at another time it may be another";
+}
+
+TEST_F(NumberedHistory, ThatExtrudesWhatIsNotFlatIsNotSupported) {
+    Node& extrude = add("polyExtrudeFace", "extrude");
+    setComponents(extrude, "inputComponents", {"f[0:1]"});
+    EXPECT_EQ(findUnsupportedSetting(graph, extrude), "");
+    set(extrude, "localTranslateZ", 1);
+    EXPECT_EQ(findUnsupportedSetting(graph, extrude), "localTranslateZ");
+    set(extrude, "keepFacesTogether", 0);
+    EXPECT_EQ(findUnsupportedSetting(graph, extrude), "");
+    set(extrude, "keepFacesTogether", 1);
+    set(extrude, "localTranslateZ", 0);
+    set(extrude, "thickness", 1);
+    EXPECT_EQ(findUnsupportedSetting(graph, extrude), "thickness");
+    set(extrude, "thickness", 0);
+    connect(make("transform", "driver"), "translateX", extrude, "offset");
+    EXPECT_EQ(findUnsupportedSetting(graph, extrude), "offset") << "at another time it is more than 0";
 }
 
 TEST_F(NumberedHistory, ThatSmoothsOrDeletesInPartIsNotSupported) {

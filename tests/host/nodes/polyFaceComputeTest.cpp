@@ -109,6 +109,26 @@ TEST_F(FaceModifier, ChipOffKeepsFacesTogetherOrNot) {
     EXPECT_EQ(result()->topology->vertexCount(), 16);
 }
 
+TEST_F(FaceModifier, ExtrudeFaceMovesAlongTheNormalInTheWorld) {
+    Node& node = modify("polyExtrudeFace", {"f[1]"});
+    setMatrix(node, "inputMatrix", Matrix44().setScale(2.0));
+    set(node, "localTranslateZ", 1);
+    set(node, "thickness", 2);
+    set(node, "offset", 0.5);
+    ASSERT_EQ(result()->topology->faceCount(), 10);
+    EXPECT_TRUE(((*result()->points)[8] - V3f(-0.25F, 2, 0.25F)).length() < 1e-6F) << (*result()->points)[8];
+    set(node, "worldSpace", 0);
+    EXPECT_TRUE(((*result()->points)[8] - V3f(0, 3.5F, 0)).length() < 1e-6F) << (*result()->points)[8];
+}
+
+TEST_F(FaceModifier, ExtrudeFaceKeepsFacesTogetherOrNot) {
+    Node& node = modify("polyExtrudeFace", {"f[0:1]"});
+    set(node, "translateY", 1);
+    EXPECT_EQ(result()->topology->faceCount(), 12);
+    set(node, "keepFacesTogether", 0);
+    EXPECT_EQ(result()->topology->faceCount(), 14);
+}
+
 TEST_F(FaceModifier, MoveTakesVerticesOfWhatItNames) {
     Node& node = modify("polyMoveVertex", {"vtx[0]"});
     set3(node, "translate", 0, 0, 1);
