@@ -23,7 +23,7 @@ std::vector<double> bernstein(std::size_t count, double x) {
 }
 
 std::size_t sideOf(std::size_t count) {
-    return std::max<std::size_t>(count, 2);
+    return std::clamp<std::size_t>(count, 2, LatticeData::kMostPoints);
 }
 
 double partOf(std::size_t at, std::size_t count) {
@@ -55,8 +55,8 @@ LatticeData LatticeData::regular(std::size_t s, std::size_t t, std::size_t u) {
 }
 
 bool LatticeData::isWhole() const {
-    const std::size_t most = points.size();
-    return s >= 2 && t >= 2 && u >= 2 && s <= most && t <= most && u <= most && s * t <= most && s * t * u == most;
+    const auto isSide = [](std::size_t count) { return count == sideOf(count); };
+    return isSide(s) && isSide(t) && isSide(u) && s * t * u == points.size();
 }
 
 std::vector<bool> LatticeData::named(const ComponentList& list) const {

@@ -16,15 +16,17 @@ namespace host {
 struct LatticeData final : Data {
     LatticeData() : Data(DataKind::kLattice) {}
     /// Points at even distances in the cube of side 1 about the origin, as a new lattice has them. Fewer than 2 points
-    /// along a side count as 2.
+    /// along a side count as 2, more than kMostPoints as that.
     static LatticeData regular(std::size_t s, std::size_t t, std::size_t u);
 
     std::size_t s = 0, t = 0, u = 0; // points along each side
     std::vector<Imath::V3d> points;
     std::vector<ComponentGroup> groups;
 
-    /// At least two points along each side, and as many in all as these make.
+    /// Two points at least along each side, kMostPoints at most, and as many in all as these make.
     bool isWhole() const;
+    /// No artist makes so many; with more, places would take for ever.
+    static constexpr std::size_t kMostPoints = 100;
     const Imath::V3d& at(std::size_t i, std::size_t j, std::size_t k) const { return points[(k * t + j) * s + i]; }
 
     /// Per point, whether the list names it: pt[s][t][u].

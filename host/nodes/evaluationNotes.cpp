@@ -96,6 +96,7 @@ public:
                 noteHandle(*node);
             }
         }
+        noteWarpedTime();
         return std::move(notes_);
     }
 
@@ -172,6 +173,18 @@ private:
         const auto found = handle.incoming().find({startJoint, 0, {}});
         if (found != handle.incoming().end()) {
             note(handle, *found->second.node);
+        }
+    }
+
+    /// Everything that is keyed depends on the time, whose warp no connection shows.
+    void noteWarpedTime() {
+        for (Node* node : graph_.nodes()) {
+            const bool isTime = node->type().isKindOf("time");
+            if (isTime && !isSteady(graph_, *node, "enableTimewarp", 0.0) &&
+                !graph_.elementIndices({node, graph_.findPlug(*node, "timewarpIn")}).empty()) {
+                notes_.warnings.push_back("the time of the scene is warped (" + node->name() +
+                                          "): that is not supported, everything moves at an even pace");
+            }
         }
     }
 

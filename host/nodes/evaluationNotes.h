@@ -18,10 +18,11 @@ struct EvaluationNotes {
 ///
 /// `warnings`: each node type that this host does not evaluate, with the first node of it that drives a transform or a
 /// deformable shape, and what follows from it:
-///   node type 'motionPath' is not supported: car.motionPath1 keeps its stored values
+///   node type 'timeWarp' is not supported: car.timeWarp1 is left out, so that what it drives keeps its stored values
 /// ("car" is what it drives: the transform, of a shape too). Nodes that drive nothing of the DAG, whose values arrive
 /// only as shading or set membership, are harmless and give no line; nor do inputs of a node whose stored values stay.
-/// In the order of the driven nodes' creation, what is nearest to them first.
+/// In the order of the driven nodes' creation, what is nearest to them first. Behind them, that the scene's time is
+/// warped.
 ///
 /// `refusal`: a node that is not evaluated, but without which a mesh would have another shape:
 ///   node type 'wrap' is not supported: body.wrap1 shapes the mesh (delete the history of 'body', or export from Maya)

@@ -19,9 +19,6 @@ namespace {
 
 using Imath::V3d;
 
-/// No artist makes so many; more in a scene would only take memory.
-constexpr double kMostDivisions = 100.0;
-
 PlugAddress address(AttrIndex attr) {
     return {attr, 0, {}};
 }
@@ -48,7 +45,7 @@ LatticeData pointsBeneath(Evaluation& evaluation, Node& node) {
         }
     }
     const auto side = [&](AttrIndex divisions) {
-        return static_cast<std::size_t>(std::clamp(evaluation.number(node, divisions), 2.0, kMostDivisions));
+        return static_cast<std::size_t>(std::clamp(evaluation.number(node, divisions), 0.0, 1000.0));
     };
     return LatticeData::regular(side(attr.s), side(attr.t), side(attr.u));
 }

@@ -17,12 +17,17 @@ constexpr std::string_view kPasses = "passes its input through";
 constexpr std::string_view kMakesNothing = "makes no mesh";
 
 constexpr Consequence kConsequences[] = {
-    {"polyModifier", Treatment::kRefused, kMakesNothing},    {"geometryFilter", Treatment::kRefused, kPasses},
-    {"copyColorSet", Treatment::kRefused, kPasses},          {"polyBase", Treatment::kRefused, kMakesNothing},
-    {"nurbsTessellate", Treatment::kRefused, kMakesNothing}, {"subdToPoly", Treatment::kRefused, kMakesNothing},
+    {"polyModifier", Treatment::kRefused, kMakesNothing},
+    {"geometryFilter", Treatment::kRefused, kPasses},
+    {"copyColorSet", Treatment::kRefused, kPasses},
+    {"polyBase", Treatment::kRefused, kMakesNothing},
+    {"nurbsTessellate", Treatment::kRefused, kMakesNothing},
+    {"subdToPoly", Treatment::kRefused, kMakesNothing},
     {"deformFunc", Treatment::kRefused, "moves nothing"},
+    {"constraint", Treatment::kKept, "holds nothing, so that it keeps its stored values"},
+    {"ikHandle", Treatment::kKept, "turns no joints, so that they keep their own angles"},
 };
-constexpr Consequence kUsual{"", Treatment::kKept, "keeps its stored values"};
+constexpr Consequence kUsual{"", Treatment::kKept, "is left out, so that what it drives keeps its stored values"};
 
 const Consequence& rowOf(const NodeType& type) {
     const auto* const row = std::find_if(std::begin(kConsequences), std::end(kConsequences),

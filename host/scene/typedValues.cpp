@@ -278,7 +278,8 @@ DataPtr readLattice(ArgumentStream& arguments, Outcome& outcome) {
     lattice->t = divisions[1];
     lattice->u = divisions[2];
     if (!lattice->isWhole()) {
-        outcome = Outcome{Outcome::Kind::kBroken, "expected as many points as the lattice's divisions multiply to", {}};
+        outcome = Outcome{
+            Outcome::Kind::kBroken, "expected 2 to 100 points along each side of a lattice, and as many in all", {}};
         return nullptr;
     }
     return lattice;

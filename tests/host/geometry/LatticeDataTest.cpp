@@ -15,6 +15,11 @@ TEST(LatticeData, IsWholeWithAsManyPointsAsItsSidesMake) {
     EXPECT_FALSE(lattice.isWhole());
     EXPECT_FALSE(LatticeData().isWhole());
     EXPECT_TRUE(LatticeData::regular(0, 1, 2).isWhole()) << "a side has two points at least";
+    EXPECT_EQ(LatticeData::regular(2, 1000000, 2).t, LatticeData::kMostPoints);
+    LatticeData large = LatticeData::regular(2, 2, 2);
+    large.u = 101;
+    large.points.resize(404);
+    EXPECT_FALSE(large.isWhole()) << "more than anybody makes";
 }
 
 TEST(LatticeData, CountsAlongSFirst) {

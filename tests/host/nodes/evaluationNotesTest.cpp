@@ -66,8 +66,20 @@ TEST_F(EvaluationNotes, FindDriversBehindEvaluatedNodes) {
     connect(makeUnknown("fancyPath", "path1"), "out", blend, "inputA");
     connect(blend, "output", character, "av[0]");
     connect(character, "av[0]", joint, "ry");
-    EXPECT_EQ(notes(), (Notes{"node type 'fancyPath' is not supported: joint1.path1 keeps its stored values",
-                              "node type 'fancyRig' is not supported: joint1.rig1 keeps its stored values"}));
+    EXPECT_EQ(notes(), (Notes{"node type 'fancyPath' is not supported: joint1.path1 is left out, so that what it "
+                              "drives keeps its stored values",
+                              "node type 'fancyRig' is not supported: joint1.rig1 is left out, so that what it drives "
+                              "keeps its stored values"}));
+}
+
+TEST_F(EvaluationNotes, TellOfTimeThatIsWarped) {
+    Node& time = make("time", "time1");
+    connect(make("animCurveTT", "warp"), "o", time, "timewarpIn[0]");
+    EXPECT_EQ(notes(), Notes{});
+    set(time, "enableTimewarp", 1);
+    EXPECT_EQ(
+        notes(),
+        Notes{"the time of the scene is warped (time1): that is not supported, everything moves at an even pace"});
 }
 
 TEST_F(EvaluationNotes, NameConstraintsByWhatTheyHold) {
@@ -76,9 +88,9 @@ TEST_F(EvaluationNotes, NameConstraintsByWhatTheyHold) {
     Node& evaluated = make("pointConstraint", "cube_pointConstraint1", &cube);
     connect(constraint, "cg", cube, "ty");
     connect(evaluated, "ctx", cube, "tx");
-    EXPECT_EQ(notes(),
-              Notes{"node type 'geometryConstraint' is not supported: cube.cube_geometryConstraint1 keeps its stored "
-                    "values"});
+    EXPECT_EQ(notes(), Notes{"node type 'geometryConstraint' is not supported: cube.cube_geometryConstraint1 holds "
+                             "nothing, so that it keeps its stored "
+                             "values"});
 }
 
 TEST_F(EvaluationNotes, NameHandlesByTheJointWhereTheyBegin) {
@@ -87,7 +99,8 @@ TEST_F(EvaluationNotes, NameHandlesByTheJointWhereTheyBegin) {
     EXPECT_EQ(notes(), Notes{}) << "a handle without a chain moves nothing";
     connect(joint, "msg", handle, "hsj");
     connect(make("ikSplineSolver", "spline"), "msg", handle, "hsv");
-    EXPECT_EQ(notes(), Notes{"node type 'ikHandle' is not supported: joint1.ikHandle1 keeps its stored values"});
+    EXPECT_EQ(notes(), Notes{"node type 'ikHandle' is not supported: joint1.ikHandle1 turns no joints, so that they "
+                             "keep their own angles"});
 }
 
 TEST_F(EvaluationNotes, RefuseADeformerThatIsNotEvaluatedBehindAMesh) {
@@ -218,7 +231,8 @@ TEST_F(EvaluationNotes, NameUnknownTypesOnlyWhereTheyDrive) {
     EXPECT_EQ(notes(), Notes{}) << "a shader is no driver";
     Node& driver = makeUnknown("fancyRig", "rig1");
     connect(driver, "out", joint, "tx");
-    EXPECT_EQ(notes(), Notes{"node type 'fancyRig' is not supported: joint1.rig1 keeps its stored values"});
+    EXPECT_EQ(notes(), Notes{"node type 'fancyRig' is not supported: joint1.rig1 is left out, so that what it drives "
+                             "keeps its stored values"});
 }
 
 } // namespace

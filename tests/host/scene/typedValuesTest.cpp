@@ -42,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(
                     BrokenValue{"LatticeWithoutPoints", kLattice + "2 2 2", "expected a count"},
                     BrokenValue{"LatticeThatEnds", kLattice + "2 2 2 8 1 2", "expected a number"},
                     BrokenValue{"LatticeOfOtherSides", kLattice + "2 2 3 1 0 0 0",
-                                "expected as many points as the lattice's divisions multiply to"},
+                                "expected 2 to 100 points along each side of a lattice, and as many in all"},
                     BrokenValue{"LatticeOfNegativeSides", kLattice + "-2 2 2 8", "expected a count"},
                     BrokenValue{"CurveWithoutHead", kCurve + "3 2", "expected degree, spans, form"},
                     BrokenValue{"CurveOfDegree0", kCurve + "0 1 0 no 3 2 0 1 2 0 0 0 1 0 0",
