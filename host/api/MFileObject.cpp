@@ -1,6 +1,7 @@
 #include <maya/MFileObject.h>
 
 #include "host/api/filePaths.h"
+#include "host/mel/filePath.h"
 
 #include <filesystem>
 #include <system_error>
@@ -81,7 +82,7 @@ MString MFileObject::expandedPath() const {
 
 bool MFileObject::exists() const {
     std::error_code error;
-    return isSet() && std::filesystem::exists(std::filesystem::u8path(resolvedFullName().asChar()), error);
+    return isSet() && std::filesystem::exists(host::filePath(resolvedFullName().asChar()), error);
 }
 
 bool MFileObject::isSet() const {

@@ -3,6 +3,7 @@
 #include "host/api/Host.h"
 #include "host/api/filePaths.h"
 #include "host/api/pluginCalls.h"
+#include "host/mel/filePath.h"
 
 #include <maya/MTypes.h>
 
@@ -18,7 +19,7 @@ namespace {
 
 bool isFile(const std::string& path) {
     std::error_code error;
-    return std::filesystem::is_regular_file(std::filesystem::u8path(path), error);
+    return std::filesystem::is_regular_file(filePath(path), error);
 }
 
 bool endsWithSuffix(const std::string& path) {

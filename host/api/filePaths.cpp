@@ -3,6 +3,7 @@
 #include "host/api/Host.h"
 #include "host/api/SharedLibrary.h"
 #include "host/mel/environment.h"
+#include "host/mel/filePath.h"
 
 #include <algorithm>
 #include <cctype>
@@ -57,7 +58,7 @@ std::string withSeparator(const std::string& folder) {
 
 bool isAbsolutePath(const std::string& path) {
     // On Windows a path may lack its drive, as those of scenes from other systems do.
-    return std::filesystem::u8path(path).has_root_directory();
+    return filePath(path).has_root_directory();
 }
 
 std::string absolutePath(const std::string& path) {

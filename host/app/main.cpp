@@ -78,7 +78,7 @@ int finish(int status) {
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    host::app::ignoreBrokenPipes();
+    host::app::prepareStreams();
     try {
         const host::app::ParsedCommandLine parsed = parse(host::app::programArguments(argumentCount, arguments));
         if (parsed.commandLine) {

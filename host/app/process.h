@@ -15,9 +15,11 @@ int runWithStack(std::size_t bytes, const std::function<int()>& work);
 /// The words of the command line in UTF-8, the program's name first; `main` gets them as the system has them.
 std::vector<std::string> programArguments(int count, char** arguments);
 
-/// A reader of our output that has gone away must not kill the program.
-void ignoreBrokenPipes();
+/// To be called first: a reader of our output that has gone away must not kill the program, and terminals are told that
+/// text is UTF-8.
+void prepareStreams();
 
+/// Whether standard error is a terminal that obeys control sequences.
 bool isErrorTerminal();
 /// Columns of the terminal on standard error; 80 when it is not known.
 int errorTerminalColumns();

@@ -1,5 +1,7 @@
 #include "host/mel/Interpreter.h"
 
+#include "host/mel/filePath.h"
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -39,7 +41,7 @@ ScriptLoader folderScriptLoader(std::function<std::vector<std::string>()> folder
         if (name.empty() || name.find('\0') != std::string::npos) {
             return std::nullopt;
         }
-        const std::filesystem::path path = std::filesystem::u8path(name);
+        const std::filesystem::path path = filePath(name);
         if (path.has_parent_path()) {
             std::optional<ScriptFile> script = readScriptOrMel(path);
             if (script.has_value() || path.is_absolute()) {
@@ -47,7 +49,7 @@ ScriptLoader folderScriptLoader(std::function<std::vector<std::string>()> folder
             }
         }
         for (const std::string& folder : folders()) {
-            std::optional<ScriptFile> script = readScriptOrMel(std::filesystem::u8path(folder) / path);
+            std::optional<ScriptFile> script = readScriptOrMel(filePath(folder) / path);
             if (script.has_value()) {
                 return script;
             }

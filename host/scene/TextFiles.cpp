@@ -1,5 +1,7 @@
 #include "host/scene/TextFiles.h"
 
+#include "host/mel/filePath.h"
+
 #include <array>
 #include <filesystem>
 #include <iterator>
@@ -32,7 +34,7 @@ std::int64_t TextFiles::open(const std::string& path, const std::string& mode) {
         if (mode != row.word) {
             continue;
         }
-        const std::filesystem::path file = std::filesystem::u8path(path);
+        const std::filesystem::path file = filePath(path);
         std::error_code ignored;
         auto stream = std::make_unique<std::fstream>();
         if (!std::filesystem::is_directory(file, ignored)) {

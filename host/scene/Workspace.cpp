@@ -2,6 +2,7 @@
 
 #include "host/mel/Lexer.h"
 #include "host/mel/environment.h"
+#include "host/mel/filePath.h"
 #include "host/scene/MappedFile.h"
 #include "host/scene/SceneArguments.h"
 
@@ -18,7 +19,7 @@ constexpr const char* kRulesFile = "workspace.mel";
 // Absolute, with '/' between the parts and at the end; "" when there is no such folder.
 std::string folderPath(const std::string& folder) {
     std::error_code failed;
-    const std::filesystem::path path = std::filesystem::absolute(std::filesystem::u8path(folder), failed);
+    const std::filesystem::path path = std::filesystem::absolute(filePath(folder), failed);
     if (failed || folder.empty() || !std::filesystem::is_directory(path, failed)) {
         return {};
     }
@@ -60,7 +61,7 @@ bool Workspace::open(const std::string& directory) {
 }
 
 bool Workspace::setDirectory(const std::string& directory) {
-    const bool isRelative = std::filesystem::u8path(directory).is_relative();
+    const bool isRelative = filePath(directory).is_relative();
     std::string folder = folderPath(isRelative ? root_ + directory : directory);
     if (folder.empty()) {
         return false;

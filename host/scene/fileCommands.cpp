@@ -1,3 +1,4 @@
+#include "host/mel/filePath.h"
 #include "host/scene/commandGroups.h"
 #include "host/scene/sceneMessages.h"
 
@@ -16,12 +17,12 @@ using mel::ParsedFlags;
 // A relative path is looked for where the program runs, then in the project.
 std::string findFile(const Scene& scene, const std::string& path) {
     std::error_code ignored;
-    const std::filesystem::path given = std::filesystem::u8path(path);
+    const std::filesystem::path given = filePath(path);
     if (given.is_absolute() || std::filesystem::exists(given, ignored)) {
         return path;
     }
     const std::string inProject = scene.workspace().directory() + path;
-    return std::filesystem::exists(std::filesystem::u8path(inProject), ignored) ? inProject : path;
+    return std::filesystem::exists(filePath(inProject), ignored) ? inProject : path;
 }
 
 CommandResult query(Scene& scene, const ParsedFlags& flags) {
@@ -42,8 +43,7 @@ CommandResult query(Scene& scene, const ParsedFlags& flags) {
     if (flags.has("exists")) {
         std::error_code ignored;
         const std::vector<std::string> names = flags.objectNames();
-        return CommandResult(!names.empty() &&
-                             std::filesystem::exists(std::filesystem::u8path(findFile(scene, names[0])), ignored));
+        return CommandResult(!names.empty() && std::filesystem::exists(filePath(findFile(scene, names[0])), ignored));
     }
     if (flags.has("list") || flags.has("location")) {
         return flags.has("list") ? CommandResult(mel::StringArray{file.path.empty() ? "untitled" : file.path})

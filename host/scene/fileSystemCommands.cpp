@@ -1,3 +1,4 @@
+#include "host/mel/filePath.h"
 #include "host/scene/commandGroups.h"
 #include "host/scene/sceneMessages.h"
 
@@ -73,7 +74,7 @@ constexpr TestRow kTests[] = {
 CommandResult fileTestCommand(Scene&, const ParsedFlags& flags) {
     for (const TestRow& row : kTests) {
         if (flags.has(row.shortName)) {
-            return CommandResult(row.holds(fs::u8path(flags.text(row.shortName))));
+            return CommandResult(row.holds(filePath(flags.text(row.shortName))));
         }
     }
     return failure(messages::kNeedsObjects, {"filetest", "a flag that says what is asked"});
@@ -125,7 +126,7 @@ CommandResult sysFileCommand(Scene&, const ParsedFlags& flags) {
     const std::vector<std::string> names = flags.objectNames();
     for (const ActionRow& row : kActions) {
         if (flags.has(row.shortName) && names.size() == 1) {
-            return CommandResult(row.run(fs::u8path(names[0]), fs::u8path(flags.text(row.shortName))));
+            return CommandResult(row.run(filePath(names[0]), filePath(flags.text(row.shortName))));
         }
     }
     return failure(messages::kNeedsObjects, {"sysFile", "a flag that says what to do, and a path"});

@@ -1,5 +1,7 @@
 #include "host/api/SharedLibrary.h"
 
+#include "host/mel/filePath.h"
+
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
@@ -23,7 +25,7 @@ SharedLibrary& SharedLibrary::operator=(SharedLibrary&& other) noexcept {
 
 SharedLibrary SharedLibrary::load(const std::string& path, std::string& error) {
     SharedLibrary library;
-    const std::wstring wide = std::filesystem::u8path(path).make_preferred().wstring();
+    const std::wstring wide = filePath(path).make_preferred().wstring();
     library.handle_ = LoadLibraryExW(wide.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (!library) {
         error = "system error " + std::to_string(GetLastError());

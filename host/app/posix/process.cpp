@@ -52,7 +52,7 @@ std::vector<std::string> programArguments(int count, char** arguments) {
     return {arguments, arguments + count};
 }
 
-void ignoreBrokenPipes() {
+void prepareStreams() {
     std::signal(SIGPIPE, SIG_IGN);
 }
 

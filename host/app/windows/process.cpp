@@ -50,11 +50,22 @@ std::vector<std::string> programArguments(int /*count*/, char** /*arguments*/) {
     return words;
 }
 
-void ignoreBrokenPipes() {} // writing to one is an ordinary error here
+void prepareStreams() {
+    // The console is the user's, who goes on working in it afterwards. Writing to a broken pipe is an ordinary error.
+    struct Utf8Console {
+        Utf8Console() : before(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
+        ~Utf8Console() { SetConsoleOutputCP(before); }
+
+        UINT before;
+    };
+    static const Utf8Console console;
+}
 
 bool isErrorTerminal() {
+    const HANDLE terminal = GetStdHandle(STD_ERROR_HANDLE);
     DWORD mode = 0;
-    return GetConsoleMode(GetStdHandle(STD_ERROR_HANDLE), &mode) != 0;
+    return GetConsoleMode(terminal, &mode) != 0 &&
+           SetConsoleMode(terminal, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
 int errorTerminalColumns() {

@@ -1,5 +1,7 @@
 #include "host/mel/environment.h"
 
+#include "host/mel/filePath.h"
+
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
@@ -9,7 +11,7 @@
 namespace host {
 
 std::optional<std::string> environmentValue(const std::string& name) {
-    const std::wstring wideName = std::filesystem::u8path(name).wstring();
+    const std::wstring wideName = filePath(name).wstring();
     // With no room given the answer counts the terminator, so a variable that is set to nothing needs 1.
     DWORD needed = GetEnvironmentVariableW(wideName.c_str(), nullptr, 0);
     if (needed == 0) {

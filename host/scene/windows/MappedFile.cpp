@@ -1,5 +1,6 @@
 #include "host/scene/MappedFile.h"
 
+#include "host/mel/filePath.h"
 #include "host/scene/sceneMessages.h"
 
 #define WIN32_LEAN_AND_MEAN
@@ -39,7 +40,7 @@ MappedFile::~MappedFile() {
 }
 
 std::string MappedFile::open(const std::string& path) {
-    const std::wstring wide = std::filesystem::u8path(path).wstring();
+    const std::wstring wide = filePath(path).wstring();
     // A folder cannot be opened as a file is, and would be called unreadable.
     const DWORD attributes = GetFileAttributesW(wide.c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
