@@ -206,4 +206,23 @@ TEST_F(SwitchedPage, DrawsAGridBehindTheModel) {
     EXPECT_GT(changed, 2000);
 }
 
+TEST(SkeletonPage, ShowsBonesWithoutBeingAskedAndAllOfThem) {
+    const Browser browser;
+    browser.writePage(host::app::preview::previewPage(TVK_SAMPLES "/character"));
+    const Shot shot = browser.shoot("panel=0&grid=0&background=ff00ff");
+    int inside = 0;
+    int atBorder = 0;
+    for (int row = 0; row < kHeight; ++row) {
+        for (int column = 0; column < kWidth; ++column) {
+            const auto [r, g, b] = shot.at(column, row);
+            const bool isBone = r > 180 && g > 80 && b < 120;
+            const bool isInside = row > 4 && column > 4 && row < kHeight - 5 && column < kWidth - 5;
+            inside += isBone && isInside ? 1 : 0;
+            atBorder += isBone && !isInside ? 1 : 0;
+        }
+    }
+    EXPECT_GT(inside, 200);
+    EXPECT_EQ(atBorder, 0);
+}
+
 } // namespace tvk

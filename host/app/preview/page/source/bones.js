@@ -6,6 +6,7 @@ import "./plainColors.js";
 
 const kBone = new THREE.Color(0xf28c28);
 const kJoint = new THREE.Color(0xffffff);
+const kJointRim = new THREE.Color(0x7a4310);
 const kLink = new THREE.Color(0x3c7fb1);
 
 // Corners of a bone of length 1 along x: root, four around, tip.
@@ -30,14 +31,19 @@ export class Bones {
         this.group = new THREE.Group();
         this.bones = this.addLines(kBone, 0.95);
         this.links = this.addLines(kLink, 0.7);
-        this.dots = new THREE.Points(
-            new THREE.BufferGeometry(),
-            new THREE.PointsMaterial({ color: kJoint, size: 5, transparent: true, sizeAttenuation: false, depthTest: false, depthWrite: false }));
-        this.group.add(this.dots);
+        this.dots = [this.addPoints(kJointRim, 8), this.addPoints(kJoint, 5)];
         this.group.children.forEach((child, i) => {
             child.frustumCulled = false;
             child.renderOrder = 1000 + i;
         });
+    }
+
+    addPoints(color, size) {
+        const look = new THREE.PointsMaterial({
+            color, size, sizeAttenuation: false, transparent: true, depthTest: false, depthWrite: false });
+        const points = new THREE.Points(new THREE.BufferGeometry(), look);
+        this.group.add(points);
+        return points;
     }
 
     addLines(color, opacity) {
@@ -65,6 +71,6 @@ export class Bones {
         });
         this.bones.geometry.setFromPoints(bones);
         this.links.geometry.setFromPoints(links);
-        this.dots.geometry.setFromPoints(places.filter((place, i) => isJoint(i)));
+        this.dots.forEach((dots) => dots.geometry.setFromPoints(places.filter((place, i) => isJoint(i))));
     }
 }

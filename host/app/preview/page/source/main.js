@@ -25,23 +25,25 @@ class Page {
         this.finishes = new Finishes(data);
         this.surfaces = new Surfaces(data);
         this.bones = new Bones(data.nodes);
-        this.view = new View(find("picture"), boxAround(data.polygons, this.carriersOfSomeFrames()));
+        this.view = new View(find("picture"), boxAround(this.someFrames()));
         this.view.scene.add(this.surfaces.group, this.surfaces.wires, this.bones.group);
         this.view.onChange = () => this.draw();
     }
 
-    carriersOfSomeFrames() {
+    someFrames() {
         const count = Math.min(kFramedFrames, this.frameCount);
         return Array.from({ length: count }, (_, i) => {
             const frame = Math.floor((i * this.frameCount) / count);
-            return this.pose.carriersOf(this.pose.worldsAt(frame, null));
+            const worlds = this.pose.worldsAt(frame, null);
+            const polygons = this.data.polygons.filter(({ node }) => this.pose.isVisible(node, frame));
+            return { polygons, carriers: this.pose.carriersOf(worlds), worlds };
         });
     }
 
     start(parameters) {
         this.set("show", parameters.show ?? "console");
         this.set("wire", parameters.wire ?? false);
-        this.set("bones", parameters.bones ?? false);
+        this.set("bones", parameters.bones ?? this.data.polygons.length === 0);
         this.set("grid", parameters.grid ?? true);
         document.body.classList.toggle("bare", parameters.panel === false);
         if (parameters.background !== undefined) {

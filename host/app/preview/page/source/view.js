@@ -17,18 +17,24 @@ const kDirections = {
     corner: [0.62, 0.36, 1],
 };
 
-/** The box around all vertices at some frames. */
-export function boxAround(polygons, carriersAtFrames) {
+/**
+ * The box around what is seen at some frames: all vertices, or the nodes where there are none.
+ *   frames   for each the visible polygons, the matrices of all, and where nodes stand
+ */
+export function boxAround(frames) {
     const box = new THREE.Box3();
+    const nodes = new THREE.Box3();
     const point = new THREE.Vector3();
-    for (const carriers of carriersAtFrames) {
+    for (const { polygons, carriers, worlds } of frames) {
         const matrices = carriers.map((numbers) => new THREE.Matrix4().fromArray(numbers));
         for (const { positions, matrices: matrixOf } of polygons) {
             matrixOf.forEach((matrix, i) =>
                 box.expandByPoint(point.fromArray(positions, 3 * i).applyMatrix4(matrices[matrix])));
         }
+        worlds.forEach((world) => nodes.expandByPoint(point.set(world[12], world[13], world[14])));
     }
-    return box.isEmpty() ? new THREE.Box3(new THREE.Vector3(-1, 0, -1), new THREE.Vector3(1, 2, 1)) : box;
+    const seen = box.isEmpty() ? nodes : box;
+    return seen.isEmpty() || seen.getSize(point).length() === 0 ? seen.expandByPoint(point.set(0, 0, 0)).expandByScalar(1) : seen;
 }
 
 // Lines apart by a power of ten that suits the model, on the ground or where the model's lowest point is.
