@@ -1,5 +1,6 @@
 #include "host/nodes/historySettings.h"
 
+#include "host/nodes/geometryPlugs.h"
 #include "host/nodes/polyFaceCompute.h"
 
 #include "host/geometry/deleteParts.h"
@@ -9,6 +10,8 @@
 #include <algorithm>
 #include <iterator>
 #include <string_view>
+#include <unordered_set>
+#include <vector>
 
 namespace host {
 
@@ -33,7 +36,7 @@ constexpr SettingRow kSettings[] = {
     {"polySubdFace", "mode", 0, 0},
     {"polySubdFace", "subdMethod", 0, 0},
     {"polySmoothFace", "method", 0, 0},
-    {"polySmoothFace", "subdivisionType", 0, 0},
+    {"polySmoothFace", "osdSmoothTriangles", 0, 0},
     {"polySmoothFace", "continuity", 1, 1},
     {"polySmoothFace", "keepBorder", 1, 1},
     {"polySmoothFace", "keepHardEdge", 0, 0},
@@ -80,15 +83,54 @@ ListedNode listedNode(Graph& graph, Node& node, std::string_view input, std::str
     return found;
 }
 
-/// A part of a mesh is smoothed in a way of its own.
-bool isSmoothedInPart(Graph& graph, Node& node) {
+bool isClosed(const MeshTopology& topology) {
+    for (std::int32_t edge = 0; edge < topology.edgeCount(); ++edge) {
+        if (topology.facesOfEdge().count(edge) != 2) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Whether a node before this one makes creases, which rounding would have to keep.
+bool isCreased(Node& smooth) {
+    std::unordered_set<const Node*> seen{&smooth};
+    std::vector<const Node*> open{&smooth};
+    while (!open.empty()) {
+        const Node& node = *open.back();
+        open.pop_back();
+        if (node.type().isKindOf("polyCrease") || node.type().isKindOf("polyCreaseEdge")) {
+            return true;
+        }
+        for (const auto& [at, source] : node.incoming()) {
+            if (carriesGeometry(node.attribute(at.attr)) && seen.insert(source.node).second) {
+                open.push_back(source.node);
+            }
+        }
+    }
+    return false;
+}
+
+/// The two rules of Catmull and Clark that the real host has agree within closed meshes, when the newer one takes UVs
+/// as the older one; parts of a mesh are smoothed in a way of their own.
+std::string doubtOfSmoothing(Graph& graph, Node& node) {
+    constexpr double kNewer = 2;
+    constexpr double kUvsAsOlder = 3;
     const ListedNode in = listedNode(graph, node, "inputPolymesh", "inputComponents");
     if (in.mesh == nullptr || in.list == nullptr) {
-        return false;
+        return {};
     }
     const std::vector<bool> named = namedFaces(*in.list, *in.mesh->topology);
     const auto count = std::count(named.begin(), named.end(), true);
-    return count != 0 && static_cast<std::size_t>(count) != named.size();
+    if (count == 0) {
+        return {};
+    }
+    const bool isNewer = isSteady(graph, node, "subdivisionType", kNewer) &&
+                         isSteady(graph, node, "osdFvarBoundary", kUvsAsOlder) && isClosed(*in.mesh->topology);
+    if (!isNewer && !isSteady(graph, node, "subdivisionType", 0)) {
+        return "subdivisionType";
+    }
+    return static_cast<std::size_t>(count) != named.size() ? "inputComponents" : isCreased(node) ? "inputPolymesh" : "";
 }
 
 /// A length that is keyed counts as some length.
@@ -139,8 +181,8 @@ std::string findUnsupportedSetting(Graph& graph, Node& node) {
             return std::string(row.attribute);
         }
     }
-    if (type.isKindOf("polySmoothFace") && isSmoothedInPart(graph, node)) {
-        return "inputComponents";
+    if (type.isKindOf("polySmoothFace")) {
+        return doubtOfSmoothing(graph, node);
     }
     if (type.isKindOf("polyExtrudeFace")) {
         return doubtOfExtrusion(graph, node);

@@ -139,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, Setting,
                                          SettingRow{"polyNormal", "normalMode", 5, "normalMode"},
                                          SettingRow{"polySubdFace", "mode", 1, "mode"},
                                          SettingRow{"polySubdFace", "subdMethod", 1, "subdMethod"},
-                                         SettingRow{"polySmoothFace", "subdivisionType", 2, "subdivisionType"},
+                                         SettingRow{"polySmoothFace", "osdSmoothTriangles", 1, "osdSmoothTriangles"},
                                          SettingRow{"polySmoothFace", "continuity", 0.5, "continuity"},
                                          SettingRow{"polySmoothFace", "keepBorder", 0, "keepBorder"},
                                          SettingRow{"polyMoveVertex", "scaleY", 2, "scale"},
@@ -157,6 +157,29 @@ TEST_F(NumberedHistory, WithSettingsThatMoveIsNotSupported) {
     EXPECT_EQ(findUnsupportedSetting(graph, divided), "") << "any number will do";
     connect(make("transform", "driver"), "translateX", divided, "mode");
     EXPECT_EQ(findUnsupportedSetting(graph, divided), "mode") << "at another time it may be another";
+}
+
+TEST_F(NumberedHistory, ThatSmoothsByTheNewerRuleMustBeClosed) {
+    Node& open = add("polyDelFacet", "open");
+    Node& smooth = add("polySmoothFace", "smooth");
+    setComponents(smooth, "inputComponents", {"f[*]"});
+    set(smooth, "subdivisionType", 2);
+    EXPECT_EQ(findUnsupportedSetting(graph, smooth), "");
+    set(smooth, "osdFvarBoundary", 1);
+    EXPECT_EQ(findUnsupportedSetting(graph, smooth), "subdivisionType");
+    set(smooth, "osdFvarBoundary", 3);
+    setComponents(open, "inputComponents", {"f[0]"});
+    EXPECT_EQ(findUnsupportedSetting(graph, smooth), "subdivisionType");
+    set(smooth, "subdivisionType", 0);
+    EXPECT_EQ(findUnsupportedSetting(graph, smooth), "");
+}
+
+TEST_F(NumberedHistory, ThatSmoothsCreasesIsNotSupported) {
+    add("polyCrease", "crease");
+    add("polySoftEdge", "soft");
+    Node& smooth = add("polySmoothFace", "smooth");
+    setComponents(smooth, "inputComponents", {"f[*]"});
+    EXPECT_EQ(findUnsupportedSetting(graph, smooth), "inputPolymesh");
 }
 
 TEST_F(NumberedHistory, ThatExtrudesWhatIsNotFlatIsNotSupported) {
