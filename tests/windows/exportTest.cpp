@@ -15,6 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 // Kanji "table" and katakana "so": the second byte of both is that of a backslash in Shift_JIS, and neither is in the
@@ -209,6 +210,19 @@ TEST_F(Export, ScenesInOtherCodesets) {
         EXPECT_EQ(result.error, "") << c.codeset;
         EXPECT_THAT(written("a.imd"), HasSubstr("name=\"" + c.written + "\"")) << c.codeset;
     }
+}
+
+// Its text is passed on; what in it names files is looked for all the same.
+TEST_F(Export, ACodesetThatNobodyKnowsIsNoObstacle) {
+    writeFile(folder.path("a.ma"), "//Maya ASCII 2008 scene\n//Codeset: nobodys\nrequires maya \"2008\";\n" +
+                                       nodeText("transform", "\x93\xFA") +
+                                       "createNode file -n \"image\";\nsetAttr \".ftn\" -type \"string\" "
+                                       "\"textures/\x93\xFA.tga\";\n");
+    const ProgramRun result = run({"a.ma", "-q", "--set", "out_all_tex=1"});
+    EXPECT_THAT(result.error, HasSubstr("nobodys"));
+    EXPECT_THAT(result.error, HasSubstr("\x93\xFA.tga"));
+    EXPECT_THAT(result.error, Not(HasSubstr("exception")));
+    EXPECT_THAT(result.error, Not(HasSubstr("filesystem")));
 }
 
 TEST_F(Export, SceneFilesOfBothLineEndsGiveTheSameModel) {
