@@ -100,6 +100,14 @@ Node* parentFor(StatementContext& context, const NewNode& wanted, const NodeType
     return match.node;
 }
 
+// Nodes that are shared between files are nobody's own, whichever file makes them.
+void shareName(const StatementContext& context, std::string& name) {
+    const bool isOwn = !name.empty() && name.front() != ':' && name.front() != '|';
+    if (context.isLoading && context.scene.names().scope().isReference && isOwn) {
+        name.insert(name.begin(), ':');
+    }
+}
+
 Node* findShared(const StatementContext& context, const NewNode& wanted) {
     return wanted.isShared && !wanted.name.empty() ? context.scene.find(wanted.name).node : nullptr;
 }
@@ -175,6 +183,10 @@ Outcome createNodeStatement(StatementContext& context, ArgumentStream& arguments
     wanted.type = texts[0];
     if (!context.isLoading && context.scene.types().find(wanted.type) == nullptr) {
         return Outcome::skipped(messages::kUnknownType, {wanted.type});
+    }
+    if (wanted.isShared) {
+        shareName(context, wanted.name);
+        shareName(context, wanted.parent);
     }
     Node* node = findShared(context, wanted);
     node = node != nullptr ? node : makeNode(context, wanted);

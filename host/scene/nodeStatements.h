@@ -7,8 +7,9 @@ namespace host {
 // Statements about whole nodes, for scene files and as commands. The node that a file's createNode or select names
 // becomes the current one, also when there is none (null): what follows is about it.
 
-/// createNode TYPE [-n NAME] [-p PARENT] [-s] [-ss]; gives the name. -s takes a node of that name that is there.
-/// A type that nobody knows makes a node that holds what the file gives it.
+/// createNode TYPE [-n NAME] [-p PARENT] [-s] [-ss]; gives the name. -s takes a node of that name that is there; in a
+/// file that the scene refers to, such a node is in the root namespace. A type that nobody knows makes a node that
+/// holds what the file gives it.
 Outcome createNodeStatement(StatementContext& context, ArgumentStream& arguments);
 
 /// rename [-uid] [NODE] NAME; gives the name. With -uid, NAME is the id of the (current) node.

@@ -252,6 +252,19 @@ TEST(References, ShareTheNodesOfEveryScene) {
     EXPECT_EQ(sourceOf("initialShadingGroup.dsm[0]"), "x:m");
 }
 
+// Plug-ins have nodes that every scene has as soon as one of its files needs them.
+TEST(References, ShareWhatPlugInsShare) {
+    SceneFiles files;
+    files.write("rig.ma", "createNode objectSet -s -n \"options\";\ncreateNode objectSet -n \"options\";\n"
+                          "connectAttr \":options.msg\" \"options.dnsm\" -na;\n");
+    files.write("main.ma", referenceText("x", "rig.ma") + referenceText("y", "rig.ma"));
+    EXPECT_THAT(files.open("main.ma"), IsEmpty());
+    for (const char* name : {"options", "x:options", "y:options"}) {
+        EXPECT_NE(files.opened.node(name), nullptr) << name;
+    }
+    EXPECT_EQ(files.opened.node("options1"), nullptr);
+}
+
 TEST(References, DoNotFindTheSceneSOwnNodes) {
     SceneFiles files;
     files.write("rig.ma", "createNode transform -n \"b\";\nconnectAttr \"a.tx\" \"b.tx\";\n");
