@@ -88,7 +88,7 @@ TEST(ExportedFiles, AreRefusedWhenDamaged) {
          "walk.imd: line 148: material: polygon_mode is unknown: x"},
         {"imd", "material=\"4\" polygon", "material=\"5\" polygon", "walk.imd: "},
         {"imd", "tex_tiling=\"repeat repeat\"", "tex_tiling=\"repeat\"", "walk.imd: "},
-        {"ica", "data_size=\"60\" data_head=\"1\"", "data_size=\"60\" data_head=\"1101\"", "walk.ica: "},
+        {"ica", R"(data_size="60" data_head="1")", R"(data_size="60" data_head="1101")", "walk.ica: "},
         {"ima", "data_size=\"18\"", "data_size=\"17\"", "walk.ima: "},
         {"itp", "image_size=\"3\"", "image_size=\"4\"", "walk.itp: "},
         {"iva", "0 0 24 32 35 39", "0 0 24 32 35", "walk.iva: "},
@@ -121,7 +121,6 @@ TEST(ExportedFiles, AreRefusedWhenTheyAreOfDifferentExports) {
     struct Mixture {
         const char *ending, *from, *to, *problem;
     };
-    const std::string between = " and walk.imd are of different exports: ";
     const std::vector<Mixture> cases = {
         {"imd", "name=\"coat_mat\"", "name=\"coat_map\"",
          "walk.ima and walk.imd are of different exports: the model has no material 'coat_mat'"},
@@ -129,9 +128,9 @@ TEST(ExportedFiles, AreRefusedWhenTheyAreOfDifferentExports) {
          "walk.itp and walk.imd are of different exports: the model has no material 'eye_mat'"},
         {"ita", "material_name=\"pond_mat\"", "material_name=\"lake_mat\"",
          "walk.ita and walk.imd are of different exports: the model has no material 'lake_mat'"},
-        {"itp", "<image_name index=\"1\" name=\"eyes.2\"", "<image_name index=\"1\" name=\"eyes.9\"",
+        {"itp", R"(<image_name index="1" name="eyes.2")", R"(<image_name index="1" name="eyes.9")",
          "walk.itp and walk.imd are of different exports: the model has no image 'eyes.9'"},
-        {"itp", "<palette_name index=\"2\" name=\"eyes.3\"", "<palette_name index=\"2\" name=\"eyes\"",
+        {"itp", R"(<palette_name index="2" name="eyes.3")", R"(<palette_name index="2" name="eyes")",
          "walk.itp and walk.imd are of different exports: the model has no palette 'eyes'"},
         {"itp", "tool_start_frame=\"1\"", "tool_start_frame=\"0\"",
          "walk.itp and walk.ima are of different exports: 60 frames from 0, and 60 frames from 1"},

@@ -18,19 +18,19 @@ const StraightCamera kCamera = {{3, 6, 20}, {0, 4.5, 1}, 9.6};
 
 class SwitchedPage : public testing::Test {
 protected:
-    SwitchedPage() : files_(readExport(TVK_SAMPLES "/walk")) {
-        browser_.writePage(host::app::preview::previewPage(TVK_SAMPLES "/walk"));
+    SwitchedPage() : files(readExport(TVK_SAMPLES "/walk")) {
+        browser.writePage(host::app::preview::previewPage(TVK_SAMPLES "/walk"));
     }
 
     Shot shoot(const std::string& switches) const {
-        return browser_.shoot("frame=12&panel=0&grid=0&background=ff00ff&" + kCamera.parameter() + switches);
+        return browser.shoot("frame=12&panel=0&grid=0&background=ff00ff&" + kCamera.parameter() + switches);
     }
-    ExpectedPicture expected() { return {files_, 11, kCamera, kWidth, kHeight}; }
+    ExpectedPicture expected() { return {files, 11, kCamera, kWidth, kHeight}; }
     bool isNearTexture(const ExpectedPicture& picture, int column, int row) const {
         for (int y = std::max(0, row - 1); y <= std::min(row + 1, kHeight - 1); ++y) {
             for (int x = std::max(0, column - 1); x <= std::min(column + 1, kWidth - 1); ++x) {
                 const int polygon = picture.at(x, y).polygon;
-                if (polygon >= 0 && files_.geometry.polygons.at(static_cast<std::size_t>(polygon)).hasTexCoords) {
+                if (polygon >= 0 && files.geometry.polygons.at(static_cast<std::size_t>(polygon)).hasTexCoords) {
                     return true;
                 }
             }
@@ -38,8 +38,8 @@ protected:
         return false;
     }
 
-    Browser browser_;
-    DecodedExport files_;
+    Browser browser;
+    DecodedExport files;
 };
 
 int brightness(const std::array<int, 3>& color) {
@@ -74,7 +74,7 @@ TEST_F(SwitchedPage, DrawsWiresAlongTheEdgesOfFaces) {
     const Shot wired = shoot("&wire=1");
     expected(); // poses the model
     std::vector<std::pair<Imath::V3d, Imath::V3d>> edges;
-    for (const decode::DrawnPolygon& polygon : files_.geometry.polygons) {
+    for (const decode::DrawnPolygon& polygon : files.geometry.polygons) {
         for (const decode::DrawnFace& face : polygon.faces) {
             for (std::size_t i = 0; i < face.size(); ++i) {
                 edges.emplace_back(kCamera.place(face[i].world, kWidth, kHeight),
@@ -107,7 +107,7 @@ TEST_F(SwitchedPage, DrawsBonesThroughTheModel) {
     int joints = 0;
     int dots = 0;
     int bones = 0;
-    for (const decode::ModelNode& node : files_.model.nodes) {
+    for (const decode::ModelNode& node : files.model.nodes) {
         const auto placeOf = [&](int index) {
             return kCamera.place(picture.nodePlaces().at(static_cast<std::size_t>(index)), kWidth, kHeight);
         };
@@ -193,10 +193,10 @@ TEST_F(SwitchedPage, LeavesTexturesOut) {
 }
 
 TEST_F(SwitchedPage, DrawsAGridBehindTheModel) {
-    const Shot ruled = browser_.shoot("frame=12&panel=0&background=ff00ff&grid=1&" +
-                                      StraightCamera{{9, 12, 18}, {0, 0, 0}, 12.0}.parameter());
-    const Shot bare = browser_.shoot("frame=12&panel=0&background=ff00ff&grid=0&" +
+    const Shot ruled = browser.shoot("frame=12&panel=0&background=ff00ff&grid=1&" +
                                      StraightCamera{{9, 12, 18}, {0, 0, 0}, 12.0}.parameter());
+    const Shot bare = browser.shoot("frame=12&panel=0&background=ff00ff&grid=0&" +
+                                    StraightCamera{{9, 12, 18}, {0, 0, 0}, 12.0}.parameter());
     int changed = 0;
     for (int row = 0; row < kHeight; ++row) {
         for (int column = 0; column < kWidth; ++column) {

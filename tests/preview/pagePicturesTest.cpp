@@ -169,9 +169,20 @@ std::string turningNodes(const decode::ModelFile& model, const std::map<std::str
         things << "\t</node_anm>\n";
     }
     std::ostringstream text;
-    text << "<?xml version=\"1.0\" encoding=\"Shift_JIS\"?>\n\n<ica version=\"1.6.0\">\n\n<body>\n\n<node_anm_info\n"
-         << "\tframe_size=\"5\"\n\ttool_start_frame=\"10\"\n\tinterpolation=\"linear\"\n"
-         << "\tinterp_end_to_start=\"off\"\n/>\n\n";
+    text << R"(<?xml version="1.0" encoding="Shift_JIS"?>
+
+<ica version="1.6.0">
+
+<body>
+
+<node_anm_info
+	frame_size="5"
+	tool_start_frame="10"
+	interpolation="linear"
+	interp_end_to_start="off"
+/>
+
+)";
     const auto pool = [&text](const char* name, const std::vector<double>& values) {
         text << '<' << name << " size=\"" << values.size() << "\">\n";
         for (const double value : values) {
@@ -183,7 +194,9 @@ std::string turningNodes(const decode::ModelFile& model, const std::map<std::str
     pool("node_rotate_data", rotates);
     pool("node_translate_data", translates);
     text << "<node_anm_array size=\"" << model.nodes.size() << "\">\n"
-         << things.str() << "</node_anm_array>\n\n</body>\n\n</ica>\n";
+         << things.str() << "</node_anm_array>\n"
+         << "</body>\n"
+         << "</ica>\n";
     return text.str();
 }
 
@@ -212,7 +225,7 @@ TEST(PagePictures, TurnBillboardsToTheEye) {
     std::string model{std::istreambuf_iterator<char>(stream), {}};
     const auto turn = [&model](const std::string& node, const std::string& way) {
         const std::string off = "billboard=\"off\"";
-        const std::size_t at = model.find(off, model.find("name=\"" + node + "\" kind=\"mesh\""));
+        const std::size_t at = model.find(off, model.find("name=\"" + node + R"(" kind="mesh")"));
         ASSERT_NE(at, std::string::npos) << node;
         model.replace(at, off.size(), "billboard=\"" + way + "\"");
     };

@@ -77,7 +77,7 @@ TEST(PageText, PlaysByItself) {
     const Browser browser;
     browser.writePage(host::app::preview::previewPage(TVK_SAMPLES "/walk"));
     const auto frameOf = [](const std::string& elements) {
-        const std::string start = "<output id=\"frame\" for=\"slider\">";
+        const std::string start = R"(<output id="frame" for="slider">)";
         const std::size_t at = elements.find(start);
         return at == std::string::npos ? -1 : std::atoi(elements.c_str() + at + start.size());
     };
@@ -113,7 +113,7 @@ TEST(PageText, AsksForNothingFromOutside) {
     EXPECT_EQ(countOf(page, "</script"), 2U);
     EXPECT_EQ(countOf(page, "src="), countOf(page, "src=\"data:"));
     EXPECT_EQ(countOf(page, "<link"), 1U);
-    EXPECT_EQ(countOf(page, "<link rel=\"icon\" href=\"data:,\">"), 1U);
+    EXPECT_EQ(countOf(page, R"(<link rel="icon" href="data:,">)"), 1U);
     EXPECT_EQ(countOf(page, "@import"), 0U);
     EXPECT_EQ(countOf(page, "url("), 0U);
 }
