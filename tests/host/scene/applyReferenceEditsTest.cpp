@@ -236,6 +236,25 @@ TEST(ReferenceEdits, AssignMaterialsToFaces) {
     EXPECT_EQ(rig.opened.texts("x:bodyShape.iog[0].og[1].gcl"), std::vector<std::string>{"f[0:3]"});
 }
 
+// As the host stores that a scene has given a mesh of a reference another of its materials.
+TEST(ReferenceEdits, ExchangeMaterialsWithinAReference) {
+    EditedRig rig;
+    rig.write("rig.ma", "createNode transform -n \"body\";\ncreateNode mesh -n \"bodyShape\" -p \"body\";\n"
+                        "createNode shadingEngine -n \"old\";\ncreateNode shadingEngine -n \"new\";\n"
+                        "createNode mesh -n \"other\";\nconnectAttr \"other.iog\" \"new.dsm\" -na;\n"
+                        "connectAttr \"bodyShape.iog\" \"old.dsm\" -na;\n");
+    EXPECT_THAT(rig.open(2,
+                         "\t\t3 \"|x:body|x:bodyShape.instObjGroups\" \n\t\t\"x:old.dagSetMembers\" \"-na\"\n"
+                         "\t\t5 0 \"xRN\" \"|x:body|x:bodyShape.instObjGroups\" \"x:new.dagSetMembers\" \n"
+                         "\t\t\"xRN.placeHolderList[1]\" \"xRN.placeHolderList[2]\" \"x:new.dsm\"",
+                         "connectAttr \"xRN.phl[1]\" \"xRN.phl[2]\";\n"),
+                IsEmpty());
+    EXPECT_EQ(rig.sourceOf("x:old.dsm[0]"), "");
+    EXPECT_EQ(rig.sourceOf("x:new.dsm[0]"), "x:other.iog[0]");
+    EXPECT_EQ(rig.sourceOf("x:new.dsm[1]"), "x:bodyShape.iog[0]");
+    EXPECT_EQ(rig.sourceOf("xRN.phl[2]"), "");
+}
+
 TEST(ReferenceEdits, UnlockBeforeAndLockAfter) {
     EditedRig rig;
     rig.write("rig.ma", "createNode transform -n \"a\";\n\tsetAttr -l on \".tx\" 1;\n");
