@@ -104,6 +104,7 @@ TEST_F(Launch, GetsThePathThatTheFilesShare) {
     install("tools");
     EXPECT_EQ(exportWith().error, "");
     EXPECT_EQ(recorded(), "-name\n" + folder.path("model") + "\n-imd\n");
+    EXPECT_THAT(fileBytes(root + "/line"), testing::EndsWith(" -name \"" + folder.path("model") + "\" -imd"));
 }
 
 TEST_F(Launch, GetsTheKindsInTheirOrderAndTheMergeLast) {

@@ -19,8 +19,9 @@ fs::path folderOfProgram() {
     return fs::path(std::wstring(path, length)).parent_path();
 }
 
-/// One word a line, in UTF-8, under a name that nobody sees half-written.
+/// The command line as it is, and one word of it a line, in UTF-8. Nobody sees the words half-written.
 void record(const fs::path& folder) {
+    std::ofstream(folder / "line", std::ios::binary) << fs::path(GetCommandLineW()).u8string();
     {
         std::ofstream out(folder / "words.part", std::ios::binary);
         int count = 0;
