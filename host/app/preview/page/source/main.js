@@ -15,6 +15,13 @@ const cameras = ["corner", "front", "back", "left", "right", "top"];
 
 const find = (id) => document.getElementById(id);
 
+// Whether a control does something itself with a key.
+function hasOwnUse(control, key) {
+    const kind = control.tagName === "INPUT" ? control.type : control.tagName;
+    return kind === "SELECT" || (key === " " && (kind === "BUTTON" || kind === "checkbox")) ||
+        (key.startsWith("Arrow") && kind === "range");
+}
+
 class Page {
     constructor(data) {
         this.data = data;
@@ -28,6 +35,7 @@ class Page {
         this.view = new View(find("picture"), boxAround(this.someFrames()));
         this.view.scene.add(this.surfaces.group, this.surfaces.wires, this.bones.group);
         this.view.onChange = () => this.draw();
+        this.view.onTurn = () => (find("camera").value = "");
     }
 
     someFrames() {
@@ -52,13 +60,18 @@ class Page {
         this.view.resize();
         if (Array.isArray(parameters.camera)) {
             this.view.lookStraight(parameters.camera);
+            find("camera").value = "";
         } else {
-            find("camera").value = cameras.includes(parameters.camera) ? parameters.camera : cameras[0];
-            this.view.lookFrom(find("camera").value);
+            this.lookFrom(parameters.camera);
         }
         this.listen();
         this.goTo((parameters.frame ?? this.data.frames.first) - this.data.frames.first);
         this.play(parameters.play ?? (parameters.frame === undefined && this.frameCount > 1));
+    }
+
+    lookFrom(name) {
+        find("camera").value = cameras.includes(name) ? name : cameras[0];
+        this.view.lookFrom(find("camera").value);
     }
 
     set(name, value) {
@@ -93,7 +106,8 @@ class Page {
 
     onKey(event) {
         const action = kKeys[event.key];
-        if (action === undefined || ["SELECT", "INPUT", "BUTTON"].includes(event.target.tagName)) {
+        const isTaken = event.ctrlKey || event.altKey || event.metaKey || hasOwnUse(event.target, event.key);
+        if (action === undefined || isTaken) {
             return;
         }
         event.preventDefault();
@@ -103,7 +117,7 @@ class Page {
             this.play(false);
             this.goTo((this.frame + (action === "on" ? 1 : this.frameCount - 1)) % this.frameCount);
         } else if (action === "look") {
-            this.view.lookFrom(find("camera").value);
+            this.lookFrom(find("camera").value);
         } else {
             this.set(action, !find(action).checked);
         }

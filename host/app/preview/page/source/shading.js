@@ -112,8 +112,10 @@ void main() {
 export const lineVertex = `
 ${carrierText}
 void main() {
-    gl_Position = projectionMatrix * viewMatrix * carrierMatrix() * vec4(position, 1.0);
-    gl_Position.z -= 0.0008 * gl_Position.w;
+    vec4 seen = viewMatrix * carrierMatrix() * vec4(position, 1.0);
+    // A little before the surfaces, at the same place of the picture.
+    gl_Position = projectionMatrix * (isOrthographic ? seen : vec4(seen.xyz * 0.997, 1.0));
+    gl_Position.z -= isOrthographic ? 0.0005 : 0.0;
 }
 `;
 

@@ -76,7 +76,10 @@ export class View {
         this.seenFrom = null; // the name of the direction, while it is looked from there
         this.controls = new OrbitControls(this.camera, canvas);
         this.controls.addEventListener("change", () => this.onChange?.());
-        this.controls.addEventListener("start", () => (this.seenFrom = null));
+        this.controls.addEventListener("start", () => {
+            this.seenFrom = null;
+            this.onTurn?.();
+        });
     }
 
     /** Looks at the whole model from a direction with a name. */
