@@ -65,6 +65,17 @@ std::map<std::int32_t, Node*> sourcesOf(const Node& library) {
     return sources;
 }
 
+/// The host calls the source of a clip "walk" "walkSource", and further clips of it "walk1", "walk2".
+bool isNamedAfter(std::string_view clip, std::string_view source) {
+    constexpr std::string_view kEnding = "Source";
+    constexpr std::string_view kDigits = "0123456789";
+    if (source.size() <= kEnding.size() || source.substr(source.size() - kEnding.size()) != kEnding) {
+        return false;
+    }
+    const std::string_view base = source.substr(0, source.size() - kEnding.size());
+    return clip.substr(0, base.size()) == base && clip.find_first_not_of(kDigits, base.size()) == clip.npos;
+}
+
 /// Fills what the clip plays; false when nothing tells it.
 bool findSource(const std::map<std::int32_t, Node*>& sources, std::int32_t element, ScheduledClip& clip) {
     const auto take = [&](const auto& source) {
@@ -83,7 +94,12 @@ bool findSource(const std::map<std::int32_t, Node*>& sources, std::int32_t eleme
         clip.curveList = element; // libraries of old files have no sources: each clip has curves of its own
         return element >= 0;
     }
-    return sources.size() == 1 && take(*sources.begin());
+    if (sources.size() == 1) {
+        return take(*sources.begin());
+    }
+    const auto isNamed = [&](const auto& source) { return isNamedAfter(clip.clip->name(), source.second->name()); };
+    clip.isByName = std::count_if(sources.begin(), sources.end(), isNamed) == 1;
+    return clip.isByName && take(*std::find_if(sources.begin(), sources.end(), isNamed));
 }
 
 void addClips(ClipTimeline& timeline) {

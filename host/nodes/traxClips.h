@@ -23,6 +23,7 @@ struct ScheduledClip {
     Node* source = nullptr;     // whose curves it plays; null: its own
     std::int32_t element = -1;  // in the scheduler's arrays; -1: none
     std::int32_t curveList = 0; // which list of the library's clipEvalList
+    bool isByName = false;      // nothing but its name tells the source
 };
 
 /// The nodes of one timeline as files connect them: a scheduler, the library behind its clipFunction, the characters
@@ -32,7 +33,7 @@ struct ClipTimeline {
     Node* library = nullptr; // null: no clips
     std::vector<ClipCharacter> characters;
     std::vector<ScheduledClip> clips;
-    std::vector<Node*> lost; // clips of which nothing tells what they play
+    std::vector<Node*> lost; // clips of which not even the name tells what they play
 };
 
 ClipTimeline findTimeline(Graph& graph, Node& scheduler);

@@ -157,6 +157,9 @@ bool hasTrackState(Graph& graph, Node& scheduler) {
 
 void warnOfClip(Graph& graph, const ScheduledClip& clip, double weight, const ClipTiming& timing) {
     const std::string& name = clip.clip->name();
+    if (clip.isByName) {
+        graph.warn("clip " + name + " is taken to play " + clip.source->name() + ", by its name");
+    }
     if (graph.number({clip.clip, address(clip.clip->type().find("timeWarpEnable"))}) != 0.0) {
         graph.warn("clip " + name + ": its time warp is not evaluated; it plays at an even pace");
     }

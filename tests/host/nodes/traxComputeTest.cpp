@@ -180,13 +180,24 @@ TEST_F(Trax, PlaysAnotherSourceWhenTheClipIsConnectedToIt) {
     EXPECT_EQ(place(6), 7.0) << "it has no such curve";
 }
 
+TEST_F(Trax, TakesTheSourceOfItsNameWhenThereAreSeveral) {
+    Node& jump = make("animClip", "jumpSource");
+    connect(jump, "cl", library, "sc[1]");
+    connect(addCurve("animCurveTA", 10, 20), "a", library, "cel[1].cev[0].cevr");
+    schedule("jump2", 1);
+    tieClips(graph);
+    EXPECT_NEAR(turn(6), 15.0, 1e-9);
+    EXPECT_THAT(warnings, ElementsAre("clip jump2 is taken to play jumpSource, by its name"));
+}
+
 TEST_F(Trax, SaysWhichClipsItCannotPlay) {
     Node& jump = make("animClip", "jumpSource");
     connect(jump, "cl", library, "sc[1]");
-    schedule("walk1", 1);
+    schedule("walking1", 1);
     tieClips(graph);
-    EXPECT_THAT(warnings, ElementsAre("clip walk1 is not played: the scene does not tell its source; its channels keep "
-                                      "their stored values"));
+    EXPECT_THAT(warnings,
+                ElementsAre("clip walking1 is not played: the scene does not tell its source; its channels keep "
+                            "their stored values"));
     EXPECT_EQ(turn(6), 0.25);
 }
 
