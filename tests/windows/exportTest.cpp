@@ -45,6 +45,11 @@ TEST_F(Export, WhatIsNoSceneIsTold) {
     fs::create_directory(folder.path("folder"));
     writeFile(folder.path("empty.ma"), "");
     writeFile(folder.path("broken.ma"), "//Maya ASCII 2020 scene\ncreateNode {\n");
+    // Somebody holds it for himself.
+    writeFile(folder.path("held.ma"), sceneOf(nodeText("transform", "a")));
+    const HANDLE held = CreateFileW(fs::u8path(folder.path("held.ma")).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
     const BadScene scenes[] = {
         {"missing", "none.ma", "Error: the scene does not exist: none.ma\n"},
         {"on a drive that is not there", "Q:\\none.ma", "Error: the scene does not exist: Q:\\none.ma\n"},
@@ -52,6 +57,7 @@ TEST_F(Export, WhatIsNoSceneIsTold) {
         {"a device", "NUL", "Error: the scene does not exist: NUL\n"},
         {"empty", "empty.ma", "empty.ma"},
         {"broken", "broken.ma", "broken.ma:2"},
+        {"held", "held.ma", "held.ma (system error 32)"},
     };
     for (const BadScene& scene : scenes) {
         const ProgramRun result = run({scene.argument, "-o", "out"});
@@ -59,6 +65,7 @@ TEST_F(Export, WhatIsNoSceneIsTold) {
         EXPECT_THAT(result.error, AllOf(StartsWith("Error: "), HasSubstr(scene.error))) << scene.name;
         EXPECT_FALSE(fs::exists(fs::u8path(folder.path("out.imd")))) << scene.name;
     }
+    CloseHandle(held);
 }
 
 TEST_F(Export, AnOutputFolderThatIsNotThereIsTold) {

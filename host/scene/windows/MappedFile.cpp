@@ -7,7 +7,7 @@
 #include <windows.h>
 
 #include <filesystem>
-#include <system_error>
+#include <string>
 
 namespace host {
 
@@ -17,7 +17,8 @@ std::string describeError(const std::string& path, DWORD code) {
     if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND || code == ERROR_INVALID_NAME) {
         return messages::text(messages::kFileMissing, {path});
     }
-    return messages::text(messages::kFileUnreadable, {path, std::system_category().message(static_cast<int>(code))});
+    // The library has words for few of these.
+    return messages::text(messages::kFileUnreadable, {path, "system error " + std::to_string(code)});
 }
 
 /// Maps a file that is not empty; null on failure.
