@@ -99,6 +99,9 @@ void applyTweak(Evaluation& evaluation, Node& node, std::int32_t element, MeshDa
 DataPtr deformedLattice(Evaluation& evaluation, Node& node, std::int32_t element, const LatticeData& lattice,
                         DeformFunction deform) {
     const FilterAttributes& attr = filterAttributes(node);
+    if (node.type().isKindOf("blendShape")) {
+        evaluation.warn(node.name() + ": targets that are lattices are not supported (the lattice keeps its shape)");
+    }
     const Points before(lattice.points.begin(), lattice.points.end());
     MeshData mesh;
     mesh.points = std::make_shared<const Points>(before);

@@ -89,6 +89,16 @@ TEST_F(Ffd, FollowsDeformersOfItsLattice) {
     EXPECT_EQ(evaluated()->points[6], V3d(-0.5, 0.5, 0.5)) << "no member";
 }
 
+TEST_F(Ffd, SaysThatLatticesAreNoTargets) {
+    Node& original = make("lattice", "original", &latticeTransform);
+    Node& blend = make("blendShape", "blend1");
+    connect(original, "lo", blend, "input[0].inputGeometry");
+    connect(blend, "outputGeometry[0]", lattice, "latticeInput");
+    EXPECT_EQ(evaluated()->points.size(), 20U);
+    EXPECT_THAT(warnings, ElementsAre("blend1: targets that are lattices are not supported (the lattice keeps its "
+                                      "shape)"));
+}
+
 TEST_F(Ffd, TellsWhatItCannotDo) {
     EXPECT_EQ(limitOfFfd(graph, node), "");
     set(node, "local", 1);
