@@ -20,6 +20,22 @@ bool hasShadedFaces(const MDagPath& shape) {
     return std::any_of(faces.begin(), faces.end(), [](const SceneFace& face) { return face.inGroup; });
 }
 
+double inSteps(double printed) {
+    return std::round(printed * 4096.0) / 4096.0;
+}
+
+std::vector<decode::ModelNode> wholeSteps(std::vector<decode::ModelNode> nodes) {
+    for (decode::ModelNode& node : nodes) {
+        for (int i = 0; i < 3; ++i) {
+            node.scale[i] = inSteps(node.scale[i]);
+            node.rotate[i] = inSteps(node.rotate[i]);
+            node.translate[i] = inSteps(node.translate[i]);
+        }
+    }
+    decode::buildMatrices(nodes);
+    return nodes;
+}
+
 // Before the scene is read: what the file shows is the scene at the start of its range.
 double goToStart(const decode::FileElement& info) {
     const double start = info.integer("tool_start_frame");
@@ -31,7 +47,7 @@ double goToStart(const decode::FileElement& info) {
 
 ExportedScene::ExportedScene(const report::ExportedModel& model, bool selection)
     : start(goToStart(*model.file.info)), step(std::ldexp(1.0 / 4096, model.geometry.positionScale)),
-      nodes(magnifyOf(*model.file.info), selection) {
+      nodes(magnifyOf(*model.file.info), selection), written(wholeSteps(model.file.nodes)) {
     const std::string& compression = model.file.info->value("compress_node");
     isUnited = compression.compare(0, 5, "unite") == 0;
     isMerged = compression == "merge";

@@ -26,6 +26,7 @@ struct ExportedScene {
     double start = 0.0;
     double step = 1.0 / 4096; // of positions
     SceneNodes nodes;
+    std::vector<decode::ModelNode> written; // the file's, in whole steps again: decimals leave little of the last one
 
     struct MeshOfNode {
         int node = -1; // of the file; that of the root for united meshes

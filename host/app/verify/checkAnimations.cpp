@@ -152,7 +152,7 @@ void checkMaterialChannels(const decode::AnimationFile& file, const MaterialChan
             }
             const double off = channel.frames.at(frame) - expected[i];
             const double error = std::abs(static_cast<int>(i) == channels.angle ? std::remainder(off, 360.0) : off);
-            result.check(channels.part, error, allowed + channels.rounding + 4e-7 * std::abs(expected[i]),
+            result.check(channels.part, error, allowed + channels.rounding + 1e-7 * std::abs(expected[i]),
                          atFrame(place, scene, frame) + ": " + word);
         }
     }
@@ -169,7 +169,7 @@ MaterialChannels colorChannels(const decode::AnimationFile& file) {
             std::vector<double>(13, file.info->reals("tolerance_color", 1).front()),
             std::vector<std::string>(13, "mat_color_data"),
             -1,
-            hasCurves ? 0.6 * kStep : 0.5001};
+            hasCurves ? 0.502 * kStep : 0.5001};
 }
 
 MaterialChannels placementChannels(const decode::AnimationFile& file) {
@@ -185,7 +185,7 @@ MaterialChannels placementChannels(const decode::AnimationFile& file) {
             {scale, scale, rotate, translate, translate},
             {"tex_scale_data", "tex_scale_data", "tex_rotate_data", "tex_translate_data", "tex_translate_data"},
             2,
-            0.6 * kStep};
+            0.502 * kStep};
 }
 
 // The range that a file says it has; a finding when the files do not agree.

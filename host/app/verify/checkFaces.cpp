@@ -11,7 +11,7 @@
 namespace host::app::verify {
 namespace {
 
-constexpr double kHalfStep = 0.53; // and what is lost before the rounding
+constexpr double kHalfStep = 0.51; // and what is lost before the rounding
 constexpr double kSinglePrecision = 4e-7;
 constexpr double kNormalUnit = 512.0;
 constexpr double kSameFrame = 1e-3; // of matrices that count as one
@@ -61,8 +61,7 @@ bool isClose(const Imath::M44d& a, const Imath::M44d& b) {
 
 class SkinnedMesh {
 public:
-    SkinnedMesh(const Mesh& mesh, const report::ExportedModel& model, const ExportedScene& scene)
-        : mesh_(mesh), skin_(*mesh.skin), model_(model), scene_(scene) {
+    SkinnedMesh(const Mesh& mesh, const ExportedScene& scene) : mesh_(mesh), skin_(*mesh.skin), scene_(scene) {
         for (const SkinInfluence& influence : skin_.influences) {
             nodes_.push_back(scene.nodes.fileNodeOf(influence.path));
         }
@@ -75,15 +74,16 @@ public:
         }
     }
 
-    Expected expected() const {
+    Expected expected() {
         Expected result;
         {
             const WithoutDeformer off(skin_.node);
             result.faces = shadedFaces(mesh_.shape, bound_, scene_.nodes.magnify());
         }
         for (const auto& weights : skin_.weights) {
+            percentages_.push_back(percentagesOf(weights, scene_.takesStrongest, nodes_));
             std::map<int, int> ofNodes;
-            for (const auto& [influence, percent] : percentagesOf(weights, scene_.takesStrongest, nodes_)) {
+            for (const auto& [influence, percent] : percentages_.back()) {
                 ofNodes[nodes_.at(influence)] += percent;
             }
             result.weightsOfVertex.push_back(ofNodes);
@@ -100,7 +100,7 @@ private:
             for (SceneCorner& corner : face.corners) {
                 const auto vertex = static_cast<std::size_t>(corner.vertex);
                 const std::optional<Imath::M44d> other =
-                    vertex < skin_.weights.size() ? poseOf(skin_.weights[vertex]) : std::nullopt;
+                    vertex < percentages_.size() ? poseOf(percentages_[vertex]) : std::nullopt;
                 if (other) {
                     const Imath::M44d moved = back * *other;
                     corner.position = corner.position * moved;
@@ -112,43 +112,42 @@ private:
     }
 
     // Nothing for a vertex whose influences all stand where they were bound.
-    std::optional<Imath::M44d> poseOf(const std::vector<std::pair<std::size_t, double>>& weights) const {
+    std::optional<Imath::M44d> poseOf(const std::map<std::size_t, int>& weights) const {
         Imath::M44d sum(0.0);
         double all = 0.0;
         bool isBound = true;
-        for (const auto& [influence, weight] : weights) {
+        for (const auto& [influence, percent] : weights) {
             const int node = nodes_.at(influence);
             if (node < 0) {
                 return std::nullopt;
             }
             const Imath::M44d carried = skin_.influences[influence].bindInverse *
                                         atOrigin(scene_.nodes.of(node)->origin) *
-                                        model_.file.nodes[static_cast<std::size_t>(node)].world;
+                                        scene_.written[static_cast<std::size_t>(node)].world;
             isBound = isBound && isClose(carried, place_);
-            sum += skin_.geometry * carried * weight;
-            all += weight;
+            sum += skin_.geometry * carried * static_cast<double>(percent);
+            all += percent;
         }
         return isBound || all == 0.0 ? std::nullopt : std::optional<Imath::M44d>(sum * (1.0 / all));
     }
 
     const Mesh& mesh_;
     const SkinOfShape& skin_;
-    const report::ExportedModel& model_;
     const ExportedScene& scene_;
-    std::vector<int> nodes_; // of the file, by influence
+    std::vector<int> nodes_;                              // of the file, by influence
+    std::vector<std::map<std::size_t, int>> percentages_; // by vertex
     Imath::M44d place_, bound_;
 };
 
 // Whether a vertex is what was to be written, to half a step.
 class VertexCheck {
 public:
-    VertexCheck(const report::ExportedModel& model, const Expected& expected, int ownNode, double step,
-                Verification& result)
-        : model_(model), expected_(expected), ownNode_(ownNode), step_(step), result_(result) {
+    VertexCheck(const report::ExportedModel& model, const std::vector<decode::ModelNode>& nodes,
+                const Expected& expected, int ownNode, double step)
+        : model_(model), expected_(expected), ownNode_(ownNode), step_(step) {
         for (const decode::DrawnMatrix& matrix : model.geometry.matrices) {
             const bool isRigid = matrix.size() == 1 && !expected.isLocal;
-            carriers_.push_back(isRigid ? model.file.nodes[static_cast<std::size_t>(matrix.front().first)].world
-                                        : Imath::M44d());
+            carriers_.push_back(isRigid ? nodes[static_cast<std::size_t>(matrix.front().first)].world : Imath::M44d());
             inverses_.push_back(carriers_.back().inverse());
         }
     }
@@ -159,7 +158,8 @@ public:
         // Inverting a matrix that makes things small costs digits.
         const double reach = std::max(1.0, std::max(sent.length(), corner.position.length()));
         for (int i = 0; i < 3; ++i) {
-            if (std::abs(vertex.position[i] - sent[i]) > kHalfStep * step_ + kSinglePrecision * reach) {
+            const double written = std::round(vertex.position[i] / step_) * step_;
+            if (std::abs(written - sent[i]) > kHalfStep * step_ + kSinglePrecision * reach) {
                 return false;
             }
         }
@@ -196,7 +196,6 @@ private:
     const Expected& expected_;
     int ownNode_;
     double step_;
-    Verification& result_;
     std::vector<Imath::M44d> carriers_, inverses_;
 };
 
@@ -247,7 +246,7 @@ private:
             return;
         }
         if (mesh.skin) {
-            compare(mesh.node, SkinnedMesh(mesh, model_, scene_).expected(), place);
+            compare(mesh.node, SkinnedMesh(mesh, scene_).expected(), place);
             return;
         }
         Expected expected;
@@ -285,7 +284,7 @@ private:
         std::vector<const decode::DrawnPolygon*> pointers;
         std::transform(polygons.begin(), polygons.end(), std::back_inserter(pointers),
                        [](const decode::DrawnPolygon& polygon) { return &polygon; });
-        const VertexCheck check(model_, expected, node, scene_.step, result_);
+        const VertexCheck check(model_, scene_.written, expected, node, scene_.step);
         FaceTolerance tolerance;
         // The vertex itself is judged in the numbers of the file; this only finds its neighbourhood.
         tolerance.position = largestScale(expected.isLocal) * scene_.step + 1e-6 * reachOf(expected.faces);

@@ -1,6 +1,7 @@
 #include "host/app/verify/checkMaterials.h"
 
 #include "host/app/report/nameText.h"
+#include "host/app/verify/checkMaterialSettings.h"
 #include "host/app/verify/sceneValues.h"
 
 #include <maya/MFnLambertShader.h>
@@ -161,8 +162,8 @@ void checkPlacement(const decode::FileElement& material, const MObject& shader, 
 
 } // namespace
 
-void checkMaterials(const report::ExportedModel& model, const MaterialNames& names, Verification& result) {
-    const decode::FileElement* const array = model.file.root.child("body").find("material_array");
+void checkMaterials(const report::ExportedFiles& files, const MaterialNames& names, Verification& result) {
+    const decode::FileElement* const array = files.model->file.root.child("body").find("material_array");
     if (array == nullptr) {
         return;
     }
@@ -183,6 +184,7 @@ void checkMaterials(const report::ExportedModel& model, const MaterialNames& nam
             result.check(Part::kMaterials, std::abs(written.at(i) - expected.at(i)), kHalfStep,
                          place + ": " + wordOf(i));
         }
+        checkMaterialSettings(material, shader, files.textures, place, result);
         if (!shader.isNull()) {
             checkPlacement(material, shader, place, result);
         }

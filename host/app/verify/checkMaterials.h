@@ -20,8 +20,8 @@ MObject fileTextureOf(const MObject& shader);
 /// Where a texture's picture lies: scale s t, rotation in degrees, translation s t.
 std::array<double, 5> placementOf(const MObject& fileTexture);
 
-/// The materials of the model file: their colours and the placement of their textures as the scene has them at the
-/// start.
-void checkMaterials(const report::ExportedModel& model, const MaterialNames& names, Verification& result);
+/// The materials of the model file: their colours, settings and textures as the scene has them at the start.
+///   files   with their model
+void checkMaterials(const report::ExportedFiles& files, const MaterialNames& names, Verification& result);
 
 } // namespace host::app::verify

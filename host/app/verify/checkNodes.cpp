@@ -15,11 +15,11 @@ namespace {
 
 constexpr double kDegrees = 180.0 / 3.14159265358979323846;
 constexpr double kStep = 1.0 / 4096;
-// Half a step, and what single precision leaves of the number before it is rounded.
-constexpr double kRounding = 0.55 * kStep;
-constexpr double kSinglePrecision = 2e-7;
-constexpr double kShear = 1e-4; // between unit axes
-constexpr double kFlat = 1e-9;  // a scale that has no axis
+constexpr double kRounding = 0.502 * kStep;
+constexpr double kSinglePrecision = 1e-7; // what a number may lose before it is rounded
+constexpr double kTurning = 2e-5;         // degrees that angles of several turns lose in single precision
+constexpr double kShear = 1e-4;           // between unit axes
+constexpr double kFlat = 1e-9;            // a scale that has no axis
 
 double angleBetween(double a, double b) {
     return std::abs(std::remainder(a - b, 360.0));
@@ -80,7 +80,7 @@ public:
             result_.note("scale and rotation of " + place_ + ", which the scene shears");
             return;
         }
-        const double slack = expected.shear + 1e-6 + parentError;
+        const double slack = expected.shear + 1e-7 + parentError;
         for (int i = 0; i < 3; ++i) {
             check(parts_.scale, "scale", i, tolerances_.scale[i], node.scale[i] - expected.scale[i],
                   slack * std::abs(expected.scale[i]));
@@ -94,7 +94,7 @@ public:
         const Imath::V3d turns = turnsNear(expected.axes, node.rotate);
         for (int i = 0; i < 3; ++i) {
             check(parts_.rotation, "rotate", i, tolerances_.rotate[i], angleBetween(node.rotate[i], turns[i]),
-                  slack * kDegrees / upright + 360.0 * kSinglePrecision);
+                  slack * kDegrees / upright + kTurning);
         }
     }
 
@@ -160,7 +160,7 @@ void checkTransform(const decode::ModelNode& node, const report::ExportedModel& 
     if (scene.isUnited) {
         base = Imath::M44d();
     } else if (bound) {
-        base = parent == nullptr ? Imath::M44d() : parent->world;
+        base = parent == nullptr ? Imath::M44d() : scene.written[static_cast<std::size_t>(parent->index)].world;
     } else {
         base = sceneParent == nullptr ? scene.nodes.placeOf(sceneNode) : scene.nodes.frameOf(*sceneParent);
     }
@@ -181,6 +181,21 @@ void checkTransform(const decode::ModelNode& node, const report::ExportedModel& 
     }
     checkChannels(node, parentScale, bound.value_or(scene.nodes.frameOf(sceneNode)), base, tolerances, {}, place, "",
                   result);
+}
+
+// Joints below joints undo their parents' scale, unless they were told not to. Folding settles it anew.
+void checkCompensation(const decode::ModelNode& node, const SceneNode& sceneNode, const ExportedScene& scene,
+                       Verification& result) {
+    const SceneNode* const parent = scene.nodes.of(node.parent);
+    if (!node.scaleCompensate || scene.isMerged || scene.isUnited) {
+        return;
+    }
+    const bool expected = sceneNode.path.hasFn(MFn::kJoint) && parent != nullptr && parent->path.hasFn(MFn::kJoint) &&
+                          isOn(sceneNode.path.node(), "segmentScaleCompensate", true);
+    if (*node.scaleCompensate != expected) {
+        result.find("imd: node " + report::utf8Name(node.name) + ": scale_compensate is " + (expected ? "off" : "on") +
+                    " unlike in the scene");
+    }
 }
 
 void checkVisibility(const decode::ModelNode& node, const ExportedScene& scene, Verification& result) {
@@ -245,6 +260,7 @@ void checkNodes(const report::ExportedModel& model, const ExportedScene& scene, 
             continue;
         }
         checkTransform(node, model, scene, result);
+        checkCompensation(node, *scene.nodes.of(node.index), scene, result);
         checkVisibility(node, scene, result);
     }
     for (const std::string& mesh : scene.lostMeshes) {

@@ -15,7 +15,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <optional>
+#include <set>
 
 namespace host::app::verify {
 namespace {
@@ -73,6 +75,7 @@ public:
                 return;
             }
             if (picture.own) {
+                own_.insert(texture.name);
                 compareOwn(texture, *picture.own);
             } else {
                 compareTexels(texture, picture);
@@ -82,7 +85,52 @@ public:
         }
     }
 
+    // Colours that nothing shows: a palette is filled up with white, and blocks of three colours leave a fourth.
+    void checkFillings() {
+        std::map<std::string, std::vector<bool>> shown;
+        for (const decode::ModelTexture& texture : files_.textures.images) {
+            if (texture.paletteName) {
+                markShown(texture, shown[*texture.paletteName]);
+            }
+        }
+        for (const decode::ModelPalette& palette : files_.textures.palettes) {
+            const std::vector<bool>& used = shown[palette.name];
+            for (std::size_t i = 0; i < palette.colors.size() && !used.empty(); ++i) {
+                const std::uint16_t color = palette.colors[i];
+                const bool isFilling = color == kWhite || color == kMarker;
+                const bool isRight = used[i] ? color < 0x8000U : isFilling;
+                if (!isRight) {
+                    result_.find("imd: palette " + report::utf8Name(palette.name) + ": colour " + std::to_string(i) +
+                                 (used[i] ? " is more than a colour" : " is shown by nothing"));
+                }
+            }
+        }
+    }
+
 private:
+    static constexpr std::uint16_t kWhite = 0x7FFF;
+    static constexpr std::uint16_t kMarker = 0xFFFF;
+
+    // Which colours of its palette a texture shows; nothing is kept for palettes whose colours blocks or pictures
+    // bring along in ways of their own.
+    void markShown(const decode::ModelTexture& texture, std::vector<bool>& shown) {
+        const decode::ModelPalette& palette = files_.textures.palette(*texture.paletteName);
+        if (texture.format == "tex4x4" || own_.count(texture.name) != 0) {
+            return;
+        }
+        shown.resize(palette.colors.size(), false);
+        for (const decode::ShownTexel& texel : texture.texels) {
+            const auto word = static_cast<std::uint16_t>(texel.r | texel.g << 5 | texel.b << 10);
+            colorsShown_.insert(word);
+        }
+        for (std::size_t i = 0; i < palette.colors.size(); ++i) {
+            const bool isHole = i == 0 && texture.color0Mode == std::optional<std::string>("transparency");
+            shown[i] = shown[i] || (!isHole && palette.colors[i] != kMarker &&
+                                    colorsShown_.count(static_cast<std::uint16_t>(palette.colors[i])) != 0);
+        }
+        colorsShown_.clear();
+    }
+
     void compareOwn(const decode::ModelTexture& texture, const OwnTexels& own) {
         const decode::FileElement& root = files_.model ? files_.model->file.root : files_.patterns->root;
         const decode::FileElement& element =
@@ -162,6 +210,8 @@ private:
     const report::ExportedFiles& files_;
     Verification& result_;
     std::string place_;
+    std::set<std::string> own_; // images that bring texels of their own along
+    std::set<std::uint16_t> colorsShown_;
 };
 
 } // namespace
@@ -171,6 +221,7 @@ void checkTextures(const report::ExportedFiles& files, Verification& result) {
     for (const decode::ModelTexture& texture : files.textures.images) {
         check.check(texture);
     }
+    check.checkFillings();
 }
 
 } // namespace host::app::verify

@@ -37,7 +37,7 @@ void compare(const report::ExportedFiles& files, bool selection, Verification& r
     result.positionStep = scene.step;
     checkNodes(*files.model, scene, result);
     checkFaces(*files.model, scene, result);
-    checkMaterials(*files.model, names, result);
+    checkMaterials(files, names, result);
     checkTextures(files, result);
     checkAnimations(files, scene, names, result);
 }
