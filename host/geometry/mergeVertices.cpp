@@ -19,14 +19,13 @@ std::size_t at(std::int32_t index) {
     return static_cast<std::size_t>(index);
 }
 
-/// Finds which vertices are near each other, by cells of half the distance.
+/// Finds which vertices are near each other, by cells so small that all in one cell are.
 class NearFinder {
 public:
     NearFinder(std::vector<V3d> points, const std::vector<bool>& chosen, double distance)
         : points_(std::move(points)), distance_(distance),
           parents_(identity(static_cast<std::int32_t>(points_.size()))) {
         constexpr double kFinest = 1e-9; // of the largest coordinate, so that cell numbers stay small
-        constexpr double kCellShare = 0.5;
         double largest = 0.0;
         for (std::int32_t vertex = 0; vertex < static_cast<std::int32_t>(points_.size()); ++vertex) {
             const V3d& point = points_[at(vertex)];
@@ -36,26 +35,17 @@ public:
                 chosen_.push_back(vertex);
             }
         }
-        cell_ = std::max({distance * kCellShare, largest * kFinest, kFinest});
+        cell_ = std::max({distance / 2.0, largest * kFinest, kFinest});
     }
 
     /// Per vertex, the lowest of those that it becomes one with.
     Ids run() {
         joinEqual();
-        std::unordered_map<std::int64_t, Ids> cells;
-        for (const std::int32_t vertex : chosen_) {
-            cells[keyOf(cellOf(vertex))].push_back(vertex);
-        }
-        constexpr std::int64_t kReach = 2;
-        for (const std::int32_t vertex : chosen_) {
-            const auto [x, y, z] = cellOf(vertex);
-            for (std::int64_t i = 0; i < (2 * kReach + 1) * (2 * kReach + 1) * (2 * kReach + 1); ++i) {
-                constexpr std::int64_t kWidth = 2 * kReach + 1;
-                const auto found = cells.find(keyOf(
-                    {x + i % kWidth - kReach, y + i / kWidth % kWidth - kReach, z + i / kWidth / kWidth - kReach}));
-                if (found != cells.end()) {
-                    joinNear(vertex, found->second);
-                }
+        fillCells();
+        // Near cells first: those farther off are one by then where there are many points, and need no comparing.
+        for (std::int64_t reach = 1; reach <= kReach; ++reach) {
+            for (const Cell& cell : order_) {
+                joinAround(cell, reach);
             }
         }
         for (std::int32_t vertex = 0; vertex < static_cast<std::int32_t>(parents_.size()); ++vertex) {
@@ -66,21 +56,24 @@ public:
 
 private:
     using Cell = std::array<std::int64_t, 3>;
+    static constexpr std::int64_t kReach = 2;
+
+    struct CellHash {
+        std::size_t operator()(const Cell& cell) const {
+            constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15U;
+            constexpr unsigned kShift = 29;
+            std::uint64_t key = 0;
+            for (const std::int64_t part : cell) {
+                key = (key ^ static_cast<std::uint64_t>(part)) * kFactor;
+                key ^= key >> kShift;
+            }
+            return static_cast<std::size_t>(key);
+        }
+    };
 
     Cell cellOf(std::int32_t vertex) const {
         const V3d& point = points_[at(vertex)];
         return {std::llround(point.x / cell_), std::llround(point.y / cell_), std::llround(point.z / cell_)};
-    }
-
-    /// Cells that share a key are only looked at in vain.
-    static std::int64_t keyOf(const Cell& cell) {
-        constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15U;
-        std::uint64_t key = 0;
-        for (const std::int64_t part : cell) {
-            key = (key ^ static_cast<std::uint64_t>(part)) * kFactor;
-            key ^= key >> 29U;
-        }
-        return static_cast<std::int64_t>(key);
     }
 
     std::int32_t rootOf(std::int32_t vertex) {
@@ -88,6 +81,16 @@ private:
             vertex = parents_[at(vertex)] = parents_[at(parents_[at(vertex)])];
         }
         return vertex;
+    }
+
+    void join(std::int32_t one, std::int32_t other) {
+        const std::int32_t a = rootOf(one);
+        const std::int32_t b = rootOf(other);
+        parents_[at(std::max(a, b))] = std::min(a, b);
+    }
+
+    bool isNear(std::int32_t one, std::int32_t other) const {
+        return (points_[at(one)] - points_[at(other)]).length() <= distance_;
     }
 
     /// Many vertices may lie in one place; only the first of each place goes on being compared.
@@ -109,13 +112,57 @@ private:
         chosen_ = std::move(firsts);
     }
 
-    void joinNear(std::int32_t vertex, const Ids& others) {
-        for (const std::int32_t other : others) {
-            if (other < vertex && rootOf(other) != rootOf(vertex) &&
-                (points_[at(other)] - points_[at(vertex)]).length() <= distance_) {
-                const std::int32_t a = rootOf(other);
-                const std::int32_t b = rootOf(vertex);
-                parents_[at(std::max(a, b))] = std::min(a, b);
+    /// Cells may be larger than the distance where coordinates are large; then their points are compared too.
+    void fillCells() {
+        const bool isSmall = cell_ * 2.0 <= distance_;
+        for (const std::int32_t vertex : chosen_) {
+            const Cell cell = cellOf(vertex);
+            Ids& members = cells_[cell];
+            for (const std::int32_t member : members) {
+                if (isSmall || isNear(member, vertex)) {
+                    join(member, vertex);
+                }
+                if (isSmall) {
+                    break;
+                }
+            }
+            if (members.empty()) {
+                order_.push_back(cell);
+            }
+            members.push_back(vertex);
+        }
+    }
+
+    /// Compares a cell with those so far off on at least one axis that come after it.
+    void joinAround(const Cell& cell, std::int64_t reach) {
+        const Ids& members = cells_.at(cell);
+        for (std::int64_t x = 0; x <= reach; ++x) {
+            for (std::int64_t y = -reach; y <= reach; ++y) {
+                for (std::int64_t z = -reach; z <= reach; ++z) {
+                    const bool isAfter = x > 0 || y > 0 || (y == 0 && z > 0);
+                    if (!isAfter || std::max({x, std::abs(y), std::abs(z)}) != reach) {
+                        continue;
+                    }
+                    const auto found = cells_.find({cell[0] + x, cell[1] + y, cell[2] + z});
+                    if (found != cells_.end()) {
+                        joinCells(members, found->second);
+                    }
+                }
+            }
+        }
+    }
+
+    /// In small cells all points are one already, so that one pair is enough.
+    void joinCells(const Ids& members, const Ids& others) {
+        const bool isSmall = cell_ * 2.0 <= distance_;
+        for (const std::int32_t member : members) {
+            for (const std::int32_t other : others) {
+                if (isSmall && rootOf(member) == rootOf(other)) {
+                    return;
+                }
+                if (isNear(member, other)) {
+                    join(member, other);
+                }
             }
         }
     }
@@ -123,6 +170,8 @@ private:
     std::vector<V3d> points_;
     double distance_, cell_ = 1.0;
     Ids chosen_, parents_;
+    std::unordered_map<Cell, Ids, CellHash> cells_;
+    std::vector<Cell> order_;
 };
 
 /// Makes the mesh with vertices as one.

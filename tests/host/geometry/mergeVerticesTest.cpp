@@ -10,6 +10,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <random>
+#include <set>
 
 namespace host {
 
@@ -99,6 +101,39 @@ TEST(MergeVertices, FindsAllNeighboursAcrossCells) {
     const auto mesh = meshOfFaces(row, faces);
     EXPECT_EQ(merged(*mesh, 0.101)->topology->vertexCount(), 1);
     EXPECT_EQ(merged(*mesh, 0.09)->topology->vertexCount(), 300);
+}
+
+// By comparing all pairs: random points, distances from none to most of them.
+TEST(MergeVertices, JoinsExactlyWhatIsNearAlsoByWayOfOthers) {
+    std::mt19937 random(5);
+    for (const double distance : {0.0, 0.02, 0.05, 0.1, 0.2, 0.6}) {
+        Points points;
+        for (int i = 0; i < 300; ++i) {
+            points.emplace_back(static_cast<float>(random() % 1000) / 1000, static_cast<float>(random() % 1000) / 1000,
+                                static_cast<float>(random() % 300) / 1000);
+        }
+        Ids parts(points.size()); // of each point, the lowest that it is connected with
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            parts[i] = static_cast<std::int32_t>(i);
+            for (std::size_t j = 0; j < i; ++j) {
+                const bool isNearby = (Imath::V3d(points[i]) - Imath::V3d(points[j])).length() <= distance;
+                const std::int32_t mine = parts[i];
+                const std::int32_t theirs = parts[j];
+                for (std::size_t k = 0; isNearby && k <= i; ++k) {
+                    parts[k] = parts[k] == std::max(mine, theirs) ? std::min(mine, theirs) : parts[k];
+                }
+            }
+        }
+        const auto count = std::set<std::int32_t>(parts.begin(), parts.end()).size();
+        const auto mesh = meshOfFaces(points, {});
+        EXPECT_EQ(merged(*mesh, distance)->points->size(), count) << distance;
+        EXPECT_EQ(merged(*mesh, distance / 1e7, Matrix44().setScale(1e-7))->points->size(), count) << distance;
+    }
+}
+
+TEST(MergeVertices, IsDoneInTimeForManyCloseTogether) {
+    const auto plane = makePlane({1, 1, 300, 300, true}); // all within reach of hundreds of others
+    EXPECT_EQ(merged(*plane, 0.1)->topology->vertexCount(), 1);
 }
 
 TEST(MergeVertices, IsDoneInTimeForManyInOnePlace) {
