@@ -198,6 +198,7 @@ constexpr TypeRow kTypes[] = {
     {"polyBevel", "polyModifier", api::kPolyBevel},
     {"polyBevel2", "polyModifier", api::kPolyBevel2},
     {"polyBevel3", "polyModifier", api::kPolyBevel3},
+    {"polyBlindData", "polyModifier", api::kMidModifier, computedBy(computeUnchanged)},
     {"polyBoolOp", "polyBase", api::kPolyBoolOp},
     {"polyCBoolOp", "polyBase", api::kPolyCBoolOp},
     {"polyBridgeEdge", "polyModifier", api::kPolyBridgeEdge},

@@ -205,7 +205,7 @@ TEST_F(FaceModifier, SeparateGivesEachShell) {
 }
 
 TEST_F(FaceModifier, MapCutAndCreasesChangeNothing) {
-    for (const char* type : {"polyMapCut", "polyCrease", "polyHoleFace"}) {
+    for (const char* type : {"polyMapCut", "polyCrease", "polyHoleFace", "polyBlindData"}) {
         Node& node = make(type, "same");
         connect(cube, "output", node, "inputPolymesh");
         EXPECT_EQ(graph.data(plug(node, "output")), graph.data(plug(cube, "output"))) << type;
