@@ -14,8 +14,11 @@ function(tvk_open_door target prefix)
         file(READ_SYMLINK "${door}" leadsTo)
     endif()
     if(NOT leadsTo STREQUAL CMAKE_CURRENT_SOURCE_DIR)
-        file(REMOVE "${door}") # a second link would land inside the folder that the first one leads to
-        file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${door}" SYMBOLIC)
+        # Builds may be configured at the same time, and a link made over another would land inside the folder that the
+        # first one leads to; a renamed one takes its place.
+        string(RANDOM suffix)
+        file(CREATE_LINK "${CMAKE_CURRENT_SOURCE_DIR}" "${door}-${suffix}" SYMBOLIC)
+        file(RENAME "${door}-${suffix}" "${door}")
     endif()
 endfunction()
 
