@@ -6,6 +6,7 @@
 #include "ExportSession.h"
 #include "decode/ModelGeometry.h"
 #include "drawnFaces.h"
+#include "host/app/verify/verifyExport.h"
 
 #include <maya/MAnimControl.h>
 #include <maya/MFnDependencyNode.h>
@@ -18,6 +19,7 @@
 #include <maya/MPointArray.h>
 #include <maya/MSelectionList.h>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -74,6 +76,16 @@ Imath::M44d bindMatrixOf(const MObject& skin) {
         }
     }
     return result;
+}
+
+const std::string kAllFiles = "ica_file_out=1;ima_file_out=1;itp_file_out=1;iva_file_out=1;ita_file_out=1";
+
+// What the product's own proof finds in the files of an export.
+std::vector<std::string> proofOf(const ExportSession& session) {
+    namespace report = host::app::report;
+    const std::vector<std::string> kinds{"imd", "ica", "ima", "itp", "iva", "ita"};
+    const report::ExportedFiles files = report::readExportedFiles(session.folder.path("model"), "model", kinds);
+    return host::app::verify::verifyExport(files, false).findings();
 }
 
 class RealFaces : public testing::TestWithParam<RecordedScene> {
@@ -180,12 +192,13 @@ protected:
 TEST_P(RealFaces, AreDrawnOnceWhereTheHostHasThem) {
     ASSERT_TRUE(session.melRuns("file -f -o \"" + GetParam().path + "\""));
     makeExportable();
-    if (!session.exportAll()) {
+    if (!session.exportAll(kAllFiles)) {
         // Only where there is nothing at all: all nodes stand in a reference whose file is missing.
         EXPECT_EQ(session.takeMessages(), "Error: No effective node\n\n");
         EXPECT_TRUE(meshPaths().empty());
         return;
     }
+    EXPECT_THAT(proofOf(session), testing::IsEmpty());
     const decode::ModelFile file = session.model();
     decode::ModelGeometry model = decode::readModelGeometry(file);
 

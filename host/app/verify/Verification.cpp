@@ -20,7 +20,7 @@ struct PartRow {
 };
 
 constexpr PartRow kRows[] = {
-    {Part::kNodes, "imd", "nodes", 4096.0, 2, "steps of 1/4096"},
+    {Part::kNodes, "imd", "node channels", 4096.0, 2, "steps of 1/4096"},
     {Part::kFaces, "imd", "faces, each once", 1.0, 0, ""},
     {Part::kPositions, "imd", "positions", 1.0, 6, "units"},
     {Part::kNormals, "imd", "normals", 512.0, 2, "steps of 1/512"},

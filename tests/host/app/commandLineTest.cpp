@@ -83,6 +83,10 @@ INSTANTIATE_TEST_SUITE_P(
         WrongUsage{{"--batch", "list", "--project", "p"},
                    "--batch takes the project from its list: --project does not go with it"},
         WrongUsage{{"--report"}, "no scene was named"}, WrongUsage{{"--report-json", "r"}, "no scene was named"},
+        WrongUsage{{"--batch", "list", "--verify"}, "--verify goes with the export of a scene only"},
+        WrongUsage{{"a.ma", "--check", "--verify"}, "--verify goes with the export of a scene only"},
+        WrongUsage{{"--preview", "b", "--verify"}, "--verify goes with the export of a scene only"},
+        WrongUsage{{"--verify"}, "no scene was named"},
         WrongUsage{{"--report-of"}, "--report-of: 1 required BASE missing"},
         WrongUsage{{"--report-of", ""}, "--report-of: the value is empty"},
         WrongUsage{{"a.ma", "--report-json", ""}, "--report-json: the value is empty"},
@@ -132,6 +136,11 @@ TEST(commandLine, scriptsNeedNoScene) {
     ASSERT_TRUE(parsed.commandLine.has_value());
     EXPECT_TRUE(parsed.commandLine->runsScripts());
     EXPECT_TRUE(parse({"--script", "x.mel", "a.ma"}).commandLine.has_value());
+}
+
+TEST(commandLine, aProofIsOfAnExport) {
+    EXPECT_TRUE(parse({"a.ma", "--verify", "--select", "b"}).commandLine->verifies);
+    EXPECT_FALSE(parse({"a.ma"}).commandLine->verifies);
 }
 
 TEST(commandLine, reportsAreOfAnExportOrOfFiles) {
