@@ -39,6 +39,13 @@ bool isOriginal(const MDagPath& shape) {
     return !meshes.isNull() && meshes.elementByLogicalIndex(0).isConnected();
 }
 
+bool isSwitchedOn(const MObject& transform) {
+    if (!isOn(transform, "visibility", true) || isOn(transform, "template")) {
+        return false;
+    }
+    return !isOn(transform, "overrideEnabled") || isOn(transform, "overrideVisibility", true);
+}
+
 bool isBelow(const MDagPath& path, const MDagPath& above) {
     if (path.length() <= above.length()) {
         return false;
@@ -76,19 +83,19 @@ SceneNodes::SceneNodes(double magnify, bool selection) : magnify_(magnify), hasS
     for (unsigned int i = 0; i < world.childCount(); ++i) {
         MDagPath child = world;
         child.push(world.child(i));
-        walk(child, std::nullopt);
+        walk(child, std::nullopt, -1);
     }
     fileNodes_.assign(nodes_.size(), -1);
 }
 
-void SceneNodes::walk(const MDagPath& path, const std::optional<MDagPath>& top) {
+void SceneNodes::walk(const MDagPath& path, const std::optional<MDagPath>& top, int parent) {
     if (!path.node().hasFn(MFn::kTransform) || !hasEffect(path.node())) {
         return;
     }
     const bool isChosen = !hasSelection_ || std::find(selected_.begin(), selected_.end(), path) != selected_.end();
     const std::optional<MDagPath> ownTop = top || !isChosen ? top : std::optional<MDagPath>(path);
     if (ownTop) {
-        SceneNode node{path, nameOf(path.node()), Imath::V3d(0.0), ownTop};
+        SceneNode node{path, nameOf(path.node()), Imath::V3d(0.0), ownTop, parent};
         if (!path.node().hasFn(MFn::kJoint)) {
             const MPoint pivot = MFnTransform(path).scalePivot(MSpace::kTransform);
             node.origin = Imath::V3d(pivot.x, pivot.y, pivot.z) * magnify_;
@@ -96,10 +103,11 @@ void SceneNodes::walk(const MDagPath& path, const std::optional<MDagPath>& top) 
         byName_[node.name].push_back(nodes_.size());
         nodes_.push_back(node);
     }
+    const int own = ownTop ? static_cast<int>(nodes_.size()) - 1 : -1;
     for (unsigned int i = 0; i < path.childCount(); ++i) {
         MDagPath child = path;
         child.push(path.child(i));
-        walk(child, ownTop);
+        walk(child, ownTop, own);
     }
 }
 
@@ -146,6 +154,15 @@ int SceneNodes::fileNodeOf(const MDagPath& path) const {
     return -1;
 }
 
+std::vector<bool> SceneNodes::visible() const {
+    std::vector<bool> result;
+    for (const SceneNode& node : nodes_) { // parents stand first
+        result.push_back((node.parent < 0 || result[static_cast<std::size_t>(node.parent)]) &&
+                         isSwitchedOn(node.path.node()));
+    }
+    return result;
+}
+
 Imath::M44d SceneNodes::frameOf(const SceneNode& node) const {
     Imath::M44d offset;
     offset.setTranslation(node.origin);
@@ -173,10 +190,7 @@ bool isVisibleBelow(const MDagPath& transform, const MDagPath& top, const std::o
         return false;
     }
     for (MDagPath path = transform; path.length() >= top.length() && path.length() > 0; path.pop()) {
-        const MObject node = path.node();
-        const bool isOverridden = isOn(node, "overrideEnabled");
-        if (!isOn(node, "visibility", true) || isOn(node, "template") ||
-            (isOverridden && !isOn(node, "overrideVisibility", true))) {
+        if (!isSwitchedOn(path.node())) {
             return false;
         }
     }

@@ -20,6 +20,7 @@ struct SceneNode {
     std::string name;            // in UTF-8, without what stands above it
     Imath::V3d origin;           // where the node's origin lies in its own space at the start, magnified
     std::optional<MDagPath> top; // the topmost exported node above it, or itself
+    int parent = -1;             // place of the exported node that it hangs on, among all; -1 for a topmost one
 };
 
 /// The transforms of a scene, and which node of a model file stands for which of them. Nodes that have no effect are
@@ -41,6 +42,10 @@ public:
     /// The place of the file's node for a transform; -1 when there is none.
     int fileNodeOf(const MDagPath& path) const;
 
+    /// Which of all are seen at the current time: they and all exported nodes above them are switched on and no
+    /// templates.
+    std::vector<bool> visible() const;
+
     /// World matrix of a node at the current time as a reader of the file should find it: about its origin, magnified.
     Imath::M44d frameOf(const SceneNode& node) const;
     /// What the topmost exported node's parent brings: the world for exports of a whole scene.
@@ -48,7 +53,7 @@ public:
     double magnify() const { return magnify_; }
 
 private:
-    void walk(const MDagPath& path, const std::optional<MDagPath>& top);
+    void walk(const MDagPath& path, const std::optional<MDagPath>& top, int parent);
     std::optional<std::size_t> find(const decode::ModelNode& node, const SceneNode* parent) const;
 
     double magnify_;

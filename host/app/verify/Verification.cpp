@@ -76,11 +76,8 @@ void Verification::measure(Part part, double error, std::size_t count) {
     result.largest = std::isnan(error) ? HUGE_VAL : std::max(result.largest, error);
 }
 
-void Verification::check(Part part, double error, double allowed, const std::string& place) {
-    measure(part, error);
-    if (!(error <= allowed)) {
-        find(place + " is off by " + decimals(error, 6) + ", allowed are " + decimals(allowed, 6));
-    }
+void Verification::findError(const std::string& place, double error, double allowed) {
+    find(place + " is off by " + decimals(error, 6) + ", allowed are " + decimals(allowed, 6));
 }
 
 std::string decimals(double number, int places) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace host::app::verify {
@@ -47,8 +48,18 @@ public:
     /// So many values were compared, of which the largest error is this.
     void measure(Part part, double error, std::size_t count = 1);
     /// A measured error, and a finding when it is above what is allowed.
-    ///   place   what is compared, for the finding
-    void check(Part part, double error, double allowed, const std::string& place);
+    ///   place   what is compared, for the finding: a text, or a function that makes it, which is only called for one
+    template <typename Place>
+    void check(Part part, double error, double allowed, const Place& place) {
+        measure(part, error);
+        if (!(error <= allowed)) {
+            if constexpr (std::is_invocable_v<Place>) {
+                findError(place(), error, allowed);
+            } else {
+                findError(place, error, allowed);
+            }
+        }
+    }
 
     bool isGood() const { return findingCount_ == 0; }
     std::size_t findingCount() const { return findingCount_; }
@@ -59,6 +70,8 @@ public:
     double positionStep = 1.0 / 4096; // of the model's positions, in units
 
 private:
+    void findError(const std::string& place, double error, double allowed);
+
     std::vector<std::string> findings_, notes_;
     std::size_t findingCount_ = 0;
     std::array<PartResult, kPartCount> parts_{};

@@ -58,7 +58,7 @@ private:
             base = sceneParent == nullptr ? scene_.nodes.placeOf(sceneNode) : scene_.nodes.frameOf(*sceneParent);
         }
         ChannelTolerances tolerances = tolerancesOf(node.index, frame);
-        if (parent != nullptr) {
+        if (parent != nullptr && node.scaleCompensate.value_or(false)) {
             const ChannelTolerances above = tolerancesOf(parent->index, frame);
             tolerances.parentScale = std::max({above.scale[0], above.scale[1], above.scale[2]});
         }
@@ -77,19 +77,21 @@ private:
 
     ChannelTolerances tolerancesOf(int node, Frame frame) const {
         ChannelTolerances tolerances;
-        const decode::AnimatedThing& thing = file_.thing(node);
-        const auto of = [&](const char* word, int axis, const char* pool, double tolerance) {
-            return tolerance_.at(thing.channel(std::string(word) + "xyz"[axis]), pool, static_cast<int>(frame),
-                                 tolerance);
-        };
-        for (int i = 0; i < 3; ++i) {
-            tolerances.scale[i] = of("scale_", i, "node_scale_data", scale_);
-            tolerances.rotate[i] = of("rotate_", i, "node_rotate_data", rotate_);
-            tolerances.translate[i] = of("translate_", i, "node_translate_data", translate_);
+        const auto& channels = file_.thing(node).channels; // three scales, three rotations, three translations
+        for (std::size_t i = 0; i < 3; ++i) {
+            const auto at = [&](std::size_t first, const std::string& pool, double tolerance) {
+                return tolerance_.at(channels.at(first + i).second, pool, static_cast<int>(frame), tolerance);
+            };
+            tolerances.scale[i] = at(0, kScales, scale_);
+            tolerances.rotate[i] = at(3, kRotations, rotate_);
+            tolerances.translate[i] = at(6, kTranslations, translate_);
         }
         return tolerances;
     }
 
+    static inline const std::string kScales = "node_scale_data";
+    static inline const std::string kRotations = "node_rotate_data";
+    static inline const std::string kTranslations = "node_translate_data";
     static constexpr NodeParts kParts{Part::kScale, Part::kRotation, Part::kTranslation};
 
     const report::ExportedModel& model_;
@@ -102,12 +104,15 @@ private:
 
 void checkVisibilities(const report::ExportedFiles& files, const ExportedScene& scene, Frame frame,
                        Verification& result) {
+    const std::vector<bool> visible = scene.nodes.visible();
     for (const decode::ModelNode& node : files.model->file.nodes) {
         const SceneNode* const sceneNode = scene.nodes.of(node.index);
         bool isSeen = true;
         if (sceneNode != nullptr) {
-            isSeen = isVisibleBelow(sceneNode->path, sceneNode->top.value_or(sceneNode->path),
-                                    node.kind == "mesh" ? shownMesh(sceneNode->path) : std::nullopt);
+            const std::optional<MDagPath> mesh =
+                node.kind == "mesh" ? shownMesh(sceneNode->path) : std::optional<MDagPath>();
+            isSeen = visible[static_cast<std::size_t>(sceneNode - scene.nodes.all().data())] &&
+                     (!mesh || isOn(mesh->node(), "visibility", true));
         }
         const int written = files.visibilities->nodes.at(static_cast<std::size_t>(node.index)).frames.at(frame);
         result.measure(Part::kVisibility, (written == 1) == isSeen ? 0.0 : 1.0);
@@ -153,7 +158,7 @@ void checkMaterialChannels(const decode::AnimationFile& file, const MaterialChan
             const double off = channel.frames.at(frame) - expected[i];
             const double error = std::abs(static_cast<int>(i) == channels.angle ? std::remainder(off, 360.0) : off);
             result.check(channels.part, error, allowed + channels.rounding + 1e-7 * std::abs(expected[i]),
-                         atFrame(place, scene, frame) + ": " + word);
+                         [&, name = word] { return atFrame(place, scene, frame) + ": " + name; });
         }
     }
 }

@@ -102,7 +102,7 @@ private:
     void check(Part part, const char* word, int axis, double tolerance, double error, double slack) {
         if (tolerance >= 0.0) {
             result_.check(part, std::abs(error), tolerance + kRounding + slack,
-                          place_ + when_ + ": " + word + " " + "xyz"[axis]);
+                          [&] { return place_ + when_ + ": " + word + " " + "xyz"[axis]; });
         }
     }
 

@@ -122,7 +122,7 @@ INSTANTIATE_TEST_SUITE_P(
                     ChangedPart{"ica", "node_translate_data", "", By::kStep, "ica: node"},
                     ChangedPart{"ica", "rotate_x", "data_head", By::kOne, ""},
                     ChangedPart{"ica", "node_anm_info", "frame_size", By::kOne, ""},
-                    ChangedPart{"ica", "node_anm_info", "tool_start_frame", By::kOne, "not those of the other files"}}},
+                    ChangedPart{"ica", "node_anm_info", "tool_start_frame", By::kOne, "frames"}}},
         ChangedSet{
             "others",
             "walk",
