@@ -10,6 +10,7 @@
 #include "host/app/runScripts.h"
 #include "host/app/showPreview.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <exception>
 #include <iostream>
@@ -58,10 +59,8 @@ int runHost(const host::app::CommandLine& commandLine) {
 }
 
 host::app::ParsedCommandLine parse(const std::vector<std::string>& words) {
-    std::vector<const char*> pointers;
-    for (const std::string& word : words) {
-        pointers.push_back(word.c_str());
-    }
+    std::vector<const char*> pointers(words.size());
+    std::transform(words.begin(), words.end(), pointers.begin(), [](const std::string& word) { return word.c_str(); });
     return host::app::parseCommandLine(static_cast<int>(pointers.size()), pointers.data());
 }
 

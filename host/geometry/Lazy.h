@@ -16,8 +16,8 @@ public:
         value_.reset();
         return *this;
     }
-    Lazy(Lazy&&) = default;
-    Lazy& operator=(Lazy&&) = default;
+    Lazy(Lazy&&) noexcept = default;
+    Lazy& operator=(Lazy&&) noexcept = default;
     ~Lazy() = default;
 
     template <typename Make>

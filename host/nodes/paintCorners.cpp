@@ -92,7 +92,7 @@ private:
     /// Green and blue stand behind red.
     V4f colorAt(PlugAddress red, const PlugAddress& alpha, ColorRepresentation representation) {
         V4f color(0.0F, 0.0F, 0.0F, 1.0F);
-        for (unsigned i = 0; i < 3 && representation != ColorRepresentation::kAlpha; ++i, ++red.attr) {
+        for (int i = 0; i < 3 && representation != ColorRepresentation::kAlpha; ++i, ++red.attr) {
             color[i] = static_cast<float>(evaluation_.number(node_, red));
         }
         if (representation != ColorRepresentation::kRgb) {

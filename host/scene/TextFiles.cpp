@@ -91,7 +91,7 @@ std::string readWord(std::fstream& file, const std::string& separators) {
 }
 
 std::string readRest(std::fstream& file) {
-    const std::string rest{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    std::string rest{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     file.setstate(std::ios_base::eofbit);
     return rest;
 }

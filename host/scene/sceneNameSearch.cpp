@@ -118,7 +118,7 @@ bool SceneNames::matchUpwards(const std::vector<std::string_view>& parts, std::s
 std::vector<SceneNames::EndMatch> SceneNames::endsMatching(const std::vector<std::string_view>& parts,
                                                            std::size_t limit) const {
     std::size_t rarest = 0;
-    std::size_t fewest = static_cast<std::size_t>(-1);
+    auto fewest = static_cast<std::size_t>(-1);
     for (std::size_t part = 0; part < parts.size() && fewest > 1; ++part) {
         const Bearers* holders = bearers(parts[part]);
         const std::size_t count = holders != nullptr ? holders->count() : 0;

@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
@@ -100,11 +101,8 @@ std::string readToEnd(int file) {
 
 EndedProcess runProgram(const std::vector<std::string>& words) {
     std::vector<std::string> copies = words;
-    std::vector<char*> pointers;
-    for (std::string& word : copies) {
-        pointers.push_back(word.data());
-    }
-    pointers.push_back(nullptr);
+    std::vector<char*> pointers(copies.size() + 1); // the last one stays null: the list's end
+    std::transform(copies.begin(), copies.end(), pointers.begin(), [](std::string& word) { return word.data(); });
     int ends[2] = {};
     if (pipe2(ends, O_CLOEXEC) != 0) { // no other child may hold the writing end open
         return {};
