@@ -3,6 +3,7 @@
 #include "host/app/exitStatus.h"
 #include "host/app/outputFiles.h"
 #include "host/app/preview/previewPage.h"
+#include "host/app/report/nameText.h"
 
 #include <filesystem>
 #include <fstream>
@@ -47,6 +48,9 @@ int showPreview(Host& /*host*/, Console& console, const CommandLine& commandLine
     std::string page;
     try {
         page = preview::previewPage(base);
+    } catch (const decode::ExportedFilesError& error) {
+        console.error(report::utf8Message(error));
+        return kFailed;
     } catch (const std::runtime_error& error) {
         console.error(error.what());
         return kFailed;

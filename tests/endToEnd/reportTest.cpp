@@ -294,7 +294,7 @@ TEST(Report, FilesOfDifferentModelsAreToldByName) {
     ASSERT_EQ(program.run({"two.ma", "-o", "base", "--kinds", "ica"}).status, 0);
     const ProgramRun run = program.run({"--report-of", "base", "--report-json", "r.json"});
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.error, "Error: base.ica and base.imd are not of one model: 3 nodes, and 2\n");
+    EXPECT_EQ(run.error, "Error: base.ica and base.imd are of different exports: it has 3 nodes, the model has 2\n");
     EXPECT_FALSE(std::filesystem::exists(program.path("r.json")));
 }
 

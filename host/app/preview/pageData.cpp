@@ -9,6 +9,7 @@
 namespace host::app::preview {
 namespace {
 
+using decode::ExportedFiles;
 using decode::FileElement;
 
 constexpr double kSteps = 4096.0; // of a unit
@@ -17,7 +18,7 @@ constexpr double kSteps = 4096.0; // of a unit
 struct KindWords {
     const char *title, *consequence;
 };
-constexpr std::array<KindWords, kFileKinds> kKindWords = {{
+constexpr std::array<KindWords, decode::kFileKinds.size()> kKindWords = {{
     {"Model", ""},
     {"Node animation", "Nodes and joints stand still in the model's pose."},
     {"Material animation", "Material colours do not change."},
@@ -44,38 +45,41 @@ std::string motionFacts(const decode::AnimationFile& file, const char* one, cons
 
 std::string modelFacts(const ExportedFiles& files) {
     const FileElement* const materials = materialArray(files);
-    return counted(files.model.nodes.size(), "node", "nodes") + ", " +
+    return counted(files.model->file.nodes.size(), "node", "nodes") + ", " +
            counted(materials == nullptr ? 0 : materials->children.size(), "material", "materials") + ", " +
            counted(files.textures.images.size(), "texture", "textures");
 }
 
 /// A line about a file that is there.
-std::string factsOf(const ExportedFiles& files, FileKind kind) {
-    switch (kind) {
-    case FileKind::kImd:
+std::string factsOf(const ExportedFiles& files, const std::string& kind) {
+    if (kind == "imd") {
         return modelFacts(files);
-    case FileKind::kIca:
+    }
+    if (kind == "ica") {
         return motionFacts(*files.nodes, "node", "nodes");
-    case FileKind::kIma:
+    }
+    if (kind == "ima") {
         return motionFacts(*files.colors, "material", "materials");
-    case FileKind::kItp:
+    }
+    if (kind == "itp") {
         return framesText(*files.patterns->info) + ", " +
                counted(files.patterns->entries.size(), "material", "materials");
-    case FileKind::kIva:
-        return framesText(*files.visibility->info) + ", " + counted(files.visibility->nodes.size(), "node", "nodes");
-    case FileKind::kIta:
-        return motionFacts(*files.placements, "material", "materials");
     }
-    return "";
+    if (kind == "iva") {
+        return framesText(*files.visibilities->info) + ", " +
+               counted(files.visibilities->nodes.size(), "node", "nodes");
+    }
+    return motionFacts(*files.placements, "material", "materials");
 }
 
 void writeFiles(const ExportedFiles& files, JsonText& json) {
     json.beginArray();
-    for (std::size_t i = 0; i < kFileKinds; ++i) {
-        const bool isThere = files.bytes.at(i).has_value();
-        json.beginObject().name("kind").word(kFileEndings.at(i)).name("title").word(kKindWords.at(i).title);
-        json.name("isThere").boolean(isThere).name("bytes").number(files.bytes.at(i).value_or(0));
-        json.name("facts").text(isThere ? factsOf(files, static_cast<FileKind>(i)) : "");
+    for (std::size_t i = 0; i < kKindWords.size(); ++i) {
+        const char* const kind = decode::kFileKinds.at(i).ending;
+        const std::optional<std::uint64_t> bytes = files.bytesOf(kind);
+        json.beginObject().name("kind").word(kind).name("title").word(kKindWords.at(i).title);
+        json.name("isThere").boolean(bytes.has_value()).name("bytes").number(bytes.value_or(0));
+        json.name("facts").text(bytes ? factsOf(files, kind) : "");
         json.name("consequence").word(kKindWords.at(i).consequence).endObject();
     }
     json.endArray();
@@ -166,12 +170,12 @@ void writeMaterialMotion(const ExportedFiles& files, const std::optional<decode:
 
 // Per node the frames at which its visibility changes, and to what.
 void writeVisibility(const ExportedFiles& files, JsonText& json) {
-    if (!files.visibility) {
+    if (!files.visibilities) {
         json.null();
         return;
     }
     json.beginArray();
-    for (const decode::VisibilityFile::Node& node : files.visibility->nodes) {
+    for (const decode::VisibilityFile::Node& node : files.visibilities->nodes) {
         json.beginArray();
         for (const auto& [frame, value] : node.keys) {
             json.number(frame).number(value);
@@ -208,11 +212,14 @@ void writePatterns(const ExportedFiles& files, JsonText& json) {
 
 std::string pageData(const ExportedFiles& files) {
     JsonText json;
-    json.beginObject().name("title").path(files.name).name("origin").text(originOf(files.model.root));
-    json.name("frames").beginObject().name("count").number(files.frameCount);
-    json.name("first").number(files.firstFrame).endObject();
+    // Without animation the model stands at its own frame.
+    const ExportedFiles::Frames frames =
+        files.frames ? *files.frames : ExportedFiles::Frames{1, files.model->file.info->integer("tool_start_frame")};
+    json.beginObject().name("title").path(files.name()).name("origin").text(originOf(files.model->file.root));
+    json.name("frames").beginObject().name("count").number(frames.count);
+    json.name("first").number(frames.first).endObject();
     writeFiles(files, json.name("files"));
-    writeTotals(files.model.root.child("body"), json.name("totals"));
+    writeTotals(files.model->file.root.child("body"), json.name("totals"));
     writeNodes(files, json.name("nodes"));
     writeMatrices(files, json.name("matrices"));
     writePolygons(files, json.name("polygons"));

@@ -11,6 +11,7 @@ namespace host::app::preview {
 namespace {
 
 using decode::DrawnVertex;
+using decode::ExportedFiles;
 using decode::FileElement;
 
 constexpr int kNoCorner = -1; // the fourth of a triangle
@@ -131,7 +132,7 @@ void writePolygon(const decode::DrawnPolygon& polygon, const FileElement& elemen
 
 /// Display priorities by polygon.
 std::vector<int> prioritiesOf(const ExportedFiles& files, const FileElement& body) {
-    std::vector<int> priorities(files.geometry.polygons.size(), 0);
+    std::vector<int> priorities(files.model->geometry.polygons.size(), 0);
     const FileElement* const nodes = body.find("node_array");
     for (std::size_t i = 0; nodes != nullptr && i < nodes->children.size(); ++i) {
         for (const FileElement& display : nodes->children[i].children) {
@@ -232,12 +233,12 @@ void writeImage(const decode::ModelTexture& image, JsonText& json) {
 } // namespace
 
 const FileElement* materialArray(const ExportedFiles& files) {
-    return files.model.root.child("body").find("material_array");
+    return files.model->file.root.child("body").find("material_array");
 }
 
 void writeNodes(const ExportedFiles& files, JsonText& json) {
     json.beginArray();
-    for (const decode::ModelNode& node : files.model.nodes) {
+    for (const decode::ModelNode& node : files.model->file.nodes) {
         json.beginObject().name("name").text(node.name).name("kind").text(node.kind);
         json.name("parent").number(node.parent).name("billboard").word(node.billboard);
         json.name("compensates").boolean(node.scaleCompensate.value_or(false));
@@ -250,7 +251,7 @@ void writeNodes(const ExportedFiles& files, JsonText& json) {
 
 void writeMatrices(const ExportedFiles& files, JsonText& json) {
     json.beginArray();
-    for (const decode::DrawnMatrix& matrix : files.geometry.matrices) {
+    for (const decode::DrawnMatrix& matrix : files.model->geometry.matrices) {
         json.beginArray();
         for (const auto& [node, weight] : matrix) {
             json.number(node).number(weight);
@@ -261,14 +262,14 @@ void writeMatrices(const ExportedFiles& files, JsonText& json) {
 }
 
 void writePolygons(const ExportedFiles& files, JsonText& json) {
-    const FileElement& body = files.model.root.child("body");
+    const FileElement& body = files.model->file.root.child("body");
     const std::vector<int> priorities = prioritiesOf(files, body);
     const FileElement* const materials = materialArray(files);
     const std::size_t materialCount = materials == nullptr ? 0 : materials->children.size();
     const FileElement& array = body.child("polygon_array");
     json.beginArray();
-    for (std::size_t i = 0; i < files.geometry.polygons.size(); ++i) {
-        const decode::DrawnPolygon& polygon = files.geometry.polygons[i];
+    for (std::size_t i = 0; i < files.model->geometry.polygons.size(); ++i) {
+        const decode::DrawnPolygon& polygon = files.model->geometry.polygons[i];
         decode::require(polygon.material >= 0 && static_cast<std::size_t>(polygon.material) < materialCount,
                         array.children[i], "it is drawn with material ", polygon.material, " of ", materialCount);
         writePolygon(polygon, array.children[i], priorities[i], json);

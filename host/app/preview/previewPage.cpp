@@ -1,12 +1,15 @@
 #include "host/app/preview/previewPage.h"
 
-#include "host/app/preview/ExportedFiles.h"
 #include "host/app/preview/pageData.h"
 #include "host/app/preview/pageParts.h"
 
+#include "decode/ExportedFiles.h"
 #include "decode/FileError.h"
 
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
+#include <vector>
 
 namespace host::app::preview {
 
@@ -16,14 +19,20 @@ std::string previewPage(const std::string& base) {
         throw std::runtime_error("this tvkexport was built without the preview; './tvk preview BASE' builds it with, "
                                  "and so does the CMake option TVK_PREVIEW");
     }
-    const ExportedFiles files = readExportedFiles(base);
+    std::vector<std::string> kinds;
+    std::transform(decode::kFileKinds.begin(), decode::kFileKinds.end(), std::back_inserter(kinds),
+                   [](const decode::FileKind& kind) { return kind.ending; });
+    const decode::ExportedFiles files = decode::readExportedFiles(base, base, kinds);
+    if (!files.model) {
+        throw std::runtime_error("there is no " + base + ".imd: a preview needs the model");
+    }
     try {
         std::string page(parts->start);
         page += pageData(files);
         page += parts->end;
         return page;
     } catch (const decode::FileError& error) {
-        throw std::runtime_error(files.name + ".imd: " + error.what());
+        throw decode::ExportedFilesError(base + ".imd: ", error.what());
     }
 }
 

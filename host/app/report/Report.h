@@ -121,7 +121,7 @@ struct Report {
     ModelCosts model;
     bool hasTextures = false; // also a model without any has: they are known to be none
     TextureMemory textures;
-    std::vector<AnimationCosts> animations; // of the files that are there
+    std::vector<AnimationCosts> animations; // of the files that are there, all of the same frames
     std::vector<Limit> limits;              // none without a model
 
     const FileCosts& file(std::string_view kind) const;

@@ -10,14 +10,9 @@ Report makeReport(const ExportedFiles& files) {
     Report report;
     report.base = files.base;
     for (const FileKind& kind : kFileKinds) {
-        FileCosts file{files.nameOf(kind.ending), kind.ending, false, 0};
-        for (const ExportedFiles::Size& size : files.sizes) {
-            if (size.kind == kind.ending) {
-                file.isThere = true;
-                file.bytes = static_cast<std::int64_t>(size.bytes);
-            }
-        }
-        report.files.push_back(file);
+        const std::optional<std::uint64_t> bytes = files.bytesOf(kind.ending);
+        report.files.push_back(
+            {files.nameOf(kind.ending), kind.ending, bytes.has_value(), static_cast<std::int64_t>(bytes.value_or(0))});
     }
     report.hasTextures = files.model || !files.textures.images.empty();
     report.textures = memoryOf(files.textures);

@@ -32,6 +32,10 @@ std::string utf8Name(std::string_view bytes) {
     return name;
 }
 
+std::string utf8Message(const decode::ExportedFilesError& error) {
+    return std::string(error.place()) + utf8Name(error.reason());
+}
+
 std::size_t columnsOf(std::string_view utf8) {
     std::size_t columns = 0;
     for (std::size_t at = 0; at < utf8.size();) {

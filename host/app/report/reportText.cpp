@@ -101,10 +101,7 @@ std::string animationText(const Report& report) {
         }
     }
     const std::int64_t frames = report.animations.front().frames;
-    const bool isOneRange = std::all_of(report.animations.begin(), report.animations.end(),
-                                        [&](const AnimationCosts& animation) { return animation.frames == frames; });
-    return "\nAnimation" + (isOneRange ? ", " + counted(frames, "frame", "frames") : std::string()) + "\n" +
-           table.text();
+    return "\nAnimation, " + counted(frames, "frame", "frames") + "\n" + table.text();
 }
 
 std::string expensiveText(const ModelCosts& model) {

@@ -84,13 +84,16 @@ INSTANTIATE_TEST_SUITE_P(
                            "data_head=\"0\"/>\n<visibility_anm index=\"1\" data_size=\"1\" data_head=\"0\"/>\n"
                            "<visibility_anm index=\"2\"",
                            "<visibility_anm_array size=\"1\">\n<visibility_anm index=\"0\"",
-                           "small.iva and small.imd are not of one model: 1 nodes, and 3"},
-                    MixRow{"ima", "\"ground\"", "\"\x83\x65\"",
-                           "small.ima and small.imd are not of one model: the model has no material \xE3\x83\x86"},
+                           "small.iva and small.imd are of different exports: it has 1 nodes, the model has 3"},
+                    MixRow{
+                        "ima", "\"ground\"", "\"\x83\x65\"",
+                        "small.ima and small.imd are of different exports: the model has no material '\xE3\x83\x86'"},
                     MixRow{"itp", "name=\"leaf\"", "name=\"lea\"",
-                           "small.itp and small.imd are not of one model: the model has no image lea"},
+                           "small.itp and small.imd are of different exports: the model has no image 'lea'"},
                     MixRow{"itp", "\"ground\"", "\"groun\"",
-                           "small.itp and small.imd are not of one model: the model has no material groun"}));
+                           "small.itp and small.imd are of different exports: the model has no material 'groun'"},
+                    MixRow{"itp", "tool_start_frame=\"1\"", "tool_start_frame=\"2\"",
+                           "small.itp and small.ima are of different exports: 3 frames from 2, and 3 frames from 1"}));
 
 TEST(ExportedFiles, NodesMustBeAsManyAsTheModelHas) {
     const SmallFolder folder;
@@ -99,7 +102,7 @@ TEST(ExportedFiles, NodesMustBeAsManyAsTheModelHas) {
     const std::size_t last = whole.find("<node_anm index=\"2\"");
     const std::string cut = whole.substr(0, last) + whole.substr(whole.find("</node_anm_array>"));
     folder.write("ica", changed(cut, "<node_anm_array size=\"3\"", "<node_anm_array size=\"2\""));
-    EXPECT_EQ(errorOf(folder), "small.ica and small.imd are not of one model: 2 nodes, and 3");
+    EXPECT_EQ(errorOf(folder), "small.ica and small.imd are of different exports: it has 2 nodes, the model has 3");
 }
 
 TEST(ExportedFiles, AreReadWhenTheyAreThereAndAskedFor) {
@@ -111,7 +114,7 @@ TEST(ExportedFiles, AreReadWhenTheyAreThereAndAskedFor) {
     EXPECT_EQ(all.sizes.front().bytes, smallModel().size());
     EXPECT_EQ(all.nameOf("iva"), "small.iva");
     const ExportedFiles some = folder.read({"imd", "iva"});
-    EXPECT_TRUE(some.has("imd") && some.has("iva") && !some.has("ica"));
+    EXPECT_TRUE(some.bytesOf("imd") && some.bytesOf("iva") && !some.bytesOf("ica"));
     EXPECT_FALSE(some.nodes || some.colors || some.patterns || some.placements);
 }
 

@@ -5,6 +5,11 @@
 namespace host::app::report {
 namespace {
 
+TEST(Utf8Message, LeavesPathsAndConvertsWhatFilesSay) {
+    const decode::ExportedFilesError error("\xE6\xAD\xA9.ima: ", "no \x83\x65");
+    EXPECT_EQ(utf8Message(error), "\xE6\xAD\xA9.ima: no \xE3\x83\x86");
+}
+
 TEST(NameText, ShiftJisComesAsUtf8) {
     EXPECT_EQ(utf8Name("box"), "box");
     EXPECT_EQ(utf8Name("\x83\x65\x83\x58\x83\x67"), "\xE3\x83\x86\xE3\x82\xB9\xE3\x83\x88");

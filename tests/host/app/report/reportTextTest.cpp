@@ -130,13 +130,6 @@ TEST(ReportText, OnlyTheFiveMostExpensiveAreListed) {
     EXPECT_THAT(text, testing::Not(testing::HasSubstr("\n  of_f ")));
 }
 
-TEST(ReportText, FilesOfSeveralRangesHaveNoFramesInCommon) {
-    const SmallFolder folder;
-    folder.write("ita", smallPlacementAnimation());
-    folder.write("iva", changed(smallVisibilityAnimation(), "frame_size=\"3\"", "frame_size=\"4\""));
-    EXPECT_THAT(reportText(makeReport(folder.read())), testing::HasSubstr("\nAnimation\n"));
-}
-
 TEST(LimitWarnings, NameWhatIsOverAndByHowMuch) {
     Report report;
     report.base = "out/small";

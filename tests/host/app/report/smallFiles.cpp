@@ -138,7 +138,7 @@ std::string smallModel() {
 }
 
 std::string smallNodeAnimation() {
-    return file("ica", "<node_anm_info frame_size=\"3\" interpolation=\"frame\"/>\n\n"
+    return file("ica", "<node_anm_info frame_size=\"3\" tool_start_frame=\"1\" interpolation=\"frame\"/>\n\n"
                        "<node_scale_data size=\"1\">\n1.000000\n</node_scale_data>\n\n"
                        "<node_rotate_data size=\"3\">\n0.000000 1.000000 2.000000\n</node_rotate_data>\n\n"
                        "<node_translate_data size=\"1\">\n0.000000\n</node_translate_data>\n\n"
@@ -152,7 +152,8 @@ std::string smallColorAnimation() {
                              "specular_g", "specular_b", "emission_r", "emission_g", "emission_b", "polygon_alpha"}) {
         channels += channel(word, 2, 0);
     }
-    return file("ima", "<mat_color_info frame_size=\"3\" interpolation=\"key\" interp_end_to_start=\"off\"/>\n\n"
+    return file("ima", "<mat_color_info frame_size=\"3\" tool_start_frame=\"1\" interpolation=\"key\" "
+                       "interp_end_to_start=\"off\"/>\n\n"
                        "<mat_color_data size=\"8\">\n0.000000 31.000000 0.000000 0.000000 2.000000 31.000000 0.000000 "
                        "0.000000\n</mat_color_data>\n\n<mat_color_anm_array size=\"1\">\n"
                        "<mat_color_anm index=\"0\" material_name=\"ground\">\n" +
@@ -160,7 +161,7 @@ std::string smallColorAnimation() {
 }
 
 std::string smallPatternAnimation() {
-    return file("itp", R"(<tex_pattern_info frame_size="3"/>
+    return file("itp", R"(<tex_pattern_info frame_size="3" tool_start_frame="1"/>
 
 <tex_pattern_list_data image_size="3" palette_size="2">
 <image_name index="0" name="grass"/>
@@ -184,7 +185,7 @@ std::string smallPatternAnimation() {
 }
 
 std::string smallVisibilityAnimation() {
-    return file("iva", R"(<visibility_info frame_size="3"/>
+    return file("iva", R"(<visibility_info frame_size="3" tool_start_frame="1"/>
 
 <visibility_data>
 <frame_idx size="3">0 1 2</frame_idx>
@@ -201,7 +202,7 @@ std::string smallVisibilityAnimation() {
 }
 
 std::string smallPlacementAnimation() {
-    return file("ita", "<tex_srt_info frame_size=\"3\" interpolation=\"frame\"/>\n\n");
+    return file("ita", "<tex_srt_info frame_size=\"3\" tool_start_frame=\"1\" interpolation=\"frame\"/>\n\n");
 }
 
 std::string changed(std::string text, const std::string& from, const std::string& to) {
