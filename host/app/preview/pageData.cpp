@@ -5,6 +5,9 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <string>
+#include <unordered_map>
 
 namespace host::app::preview {
 namespace {
@@ -132,13 +135,18 @@ void writeMotion(const decode::AnimationFile& file, const std::vector<Pool>& poo
     json.name("channels").packed(channels);
 }
 
-std::size_t materialIndex(const ExportedFiles& files, const std::string& name) {
-    const std::vector<FileElement>& materials = materialArray(files)->children;
-    std::size_t index = 0;
-    while (materials[index].value("name") != name) {
-        ++index;
+using Places = std::unordered_map<std::string, std::size_t>;
+
+/// Where each material of the model stands, by its name; the first of equal ones.
+Places materialPlaces(const ExportedFiles& files) {
+    Places places;
+    if (const FileElement* const array = materialArray(files)) {
+        std::size_t place = 0;
+        for (const FileElement& material : array->children) {
+            places.emplace(material.value("name"), place++);
+        }
     }
-    return index;
+    return places;
 }
 
 void writeNodeMotion(const ExportedFiles& files, JsonText& json) {
@@ -160,8 +168,9 @@ void writeMaterialMotion(const ExportedFiles& files, const std::optional<decode:
         return;
     }
     json.beginObject().name("materials").beginArray();
+    const Places places = materialPlaces(files);
     for (const decode::AnimatedThing& thing : file->things) {
-        json.number(materialIndex(files, thing.materialName));
+        json.number(places.at(thing.materialName));
     }
     json.endArray();
     writeMotion(*file, pools, unit, json);
@@ -185,8 +194,14 @@ void writeVisibility(const ExportedFiles& files, JsonText& json) {
     json.endArray();
 }
 
-std::size_t imageIndex(const ExportedFiles& files, const std::string& name) {
-    return static_cast<std::size_t>(&files.textures.image(name) - files.textures.images.data());
+/// Where each image of the model stands, by its name; the first of equal ones.
+Places imagePlaces(const ExportedFiles& files) {
+    Places places;
+    std::size_t place = 0;
+    for (const decode::ModelTexture& image : files.textures.images) {
+        places.emplace(image.name, place++);
+    }
+    return places;
 }
 
 // Per material the frames at which its image changes, and to which of the model's.
@@ -196,12 +211,14 @@ void writePatterns(const ExportedFiles& files, JsonText& json) {
         return;
     }
     json.beginArray();
+    const Places materials = materialPlaces(files);
+    const Places images = imagePlaces(files);
     for (const decode::PatternFile::Entry& entry : files.patterns->entries) {
-        json.beginObject().name("material").number(materialIndex(files, entry.materialName));
+        json.beginObject().name("material").number(materials.at(entry.materialName));
         json.name("keys").beginArray();
         for (const decode::PatternFile::Key& key : entry.keys) {
             const std::string& image = files.patterns->images.at(static_cast<std::size_t>(key.image));
-            json.number(key.frame).number(imageIndex(files, image));
+            json.number(key.frame).number(images.at(image));
         }
         json.endArray().endObject();
     }
