@@ -81,7 +81,9 @@ public:
     Comparison(const std::vector<DrawnMaterial>& drawnMaterials, const std::vector<SceneFace>& sceneFaces,
                const FaceTolerance& allowed)
         : faces(sceneFaces), tolerance(allowed), grid(sceneFaces, allowed.position * 1.001), materials(drawnMaterials),
-          triangles(sceneFaces.size(), 0), areas(sceneFaces.size(), Imath::V3d(0.0)) {}
+          triangles(sceneFaces.size(), 0), areas(sceneFaces.size(), Imath::V3d(0.0)) {
+        result.polygonOfFace.assign(sceneFaces.size(), -1);
+    }
 
     FaceDifferences run(const std::vector<const decode::DrawnPolygon*>& polygons) {
         for (const decode::DrawnPolygon* const polygon : polygons) {
@@ -137,6 +139,7 @@ private:
             return;
         }
         triangles[best->face] += face.size() - 2;
+        result.polygonOfFace[best->face] = polygon.index;
         areas[best->face] += vectorArea(outlineOf(face));
         measure(polygon, face, *best);
     }

@@ -53,6 +53,7 @@ struct FaceDifferences {
     std::vector<FaceDifference> texts;
     std::size_t count = 0;
     FaceErrors errors;
+    std::vector<int> polygonOfFace; // index of a polygon that draws each face of the scene; -1 for none
 };
 
 /// The polygons should be the faces, each once: every drawn triangle and quad has corners of one face, in their order

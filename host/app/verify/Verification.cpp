@@ -27,6 +27,7 @@ constexpr PartRow kRows[] = {
     {Part::kTexCoords, "imd", "texture coordinates", 16.0, 2, "steps of 1/16 texel"},
     {Part::kVertexColors, "imd", "vertex colours", 1.0, 0, ""},
     {Part::kWeights, "imd", "weights", 1.0, 2, "percent"},
+    {Part::kBoxes, "imd", "boxes and radii", 1.0, 0, ""},
     {Part::kMaterials, "imd", "material colours", 1.0, 2, "steps of 1/31"},
     {Part::kTextures, "imd", "texels", 1.0, 0, "steps of 1/31"},
     {Part::kScale, "ica", "scales", 1.0, 6, ""},

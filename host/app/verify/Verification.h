@@ -17,6 +17,7 @@ enum class Part {
     kTexCoords,
     kVertexColors,
     kWeights,
+    kBoxes,
     kMaterials,
     kTextures,
     kScale,
@@ -27,7 +28,7 @@ enum class Part {
     kVisibility,
     kPlacements
 };
-inline constexpr std::size_t kPartCount = 16;
+inline constexpr std::size_t kPartCount = 17;
 
 /// What became of one part.
 struct PartResult {

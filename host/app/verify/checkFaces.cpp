@@ -2,11 +2,15 @@
 
 #include "host/app/report/nameText.h"
 #include "host/app/verify/FaceComparison.h"
+#include "host/app/verify/checkBoxes.h"
 #include "host/app/verify/materialNames.h"
+
+#include <maya/MFnMesh.h>
 
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <set>
 
 namespace host::app::verify {
 namespace {
@@ -21,7 +25,9 @@ using Mesh = ExportedScene::MeshOfNode;
 // What one mesh should look like, and how its vertices come to where they are.
 struct Expected {
     std::vector<SceneFace> faces;
-    bool isLocal = false;                            // in the space of the node, not in the world
+    std::vector<SceneFace> unshaded; // in no shading group: not drawn, but their vertices are in the file
+    bool hasLooseVertices = false;   // such as no face has
+    bool isLocal = false;            // in the space of the node, not in the world
     std::vector<std::map<int, int>> weightsOfVertex; // by file node, in percent; empty when there is no skin
 };
 
@@ -35,11 +41,16 @@ double reachOf(const std::vector<SceneFace>& faces) {
     return reach;
 }
 
-std::vector<SceneFace> shadedFaces(const MDagPath& shape, const Imath::M44d& world, double magnify) {
-    std::vector<SceneFace> faces = sceneFaces(shape, &world, magnify);
-    faces.erase(std::remove_if(faces.begin(), faces.end(), [](const SceneFace& face) { return !face.inGroup; }),
-                faces.end());
-    return faces;
+void addFaces(Expected& expected, const MDagPath& shape, const Imath::M44d& world, double magnify) {
+    std::set<int> vertices;
+    for (const SceneFace& face : sceneFaces(shape, &world, magnify)) {
+        (face.inGroup ? expected.faces : expected.unshaded).push_back(face);
+        for (const SceneCorner& corner : face.corners) {
+            vertices.insert(corner.vertex);
+        }
+    }
+    const auto count = static_cast<std::size_t>(MFnMesh(shape).numVertices());
+    expected.hasLooseVertices = expected.hasLooseVertices || vertices.size() < count;
 }
 
 Imath::M44d atOrigin(const Imath::V3d& origin) {
@@ -78,7 +89,7 @@ public:
         Expected result;
         {
             const WithoutDeformer off(skin_.node);
-            result.faces = shadedFaces(mesh_.shape, bound_, scene_.nodes.magnify());
+            addFaces(result, mesh_.shape, bound_, scene_.nodes.magnify());
         }
         for (const auto& weights : skin_.weights) {
             percentages_.push_back(percentagesOf(weights, scene_.takesStrongest, nodes_));
@@ -89,6 +100,7 @@ public:
             result.weightsOfVertex.push_back(ofNodes);
         }
         moveToFilesPose(result.faces);
+        moveToFilesPose(result.unshaded);
         return result;
     }
 
@@ -150,6 +162,19 @@ public:
             carriers_.push_back(isRigid ? nodes[static_cast<std::size_t>(matrix.front().first)].world : Imath::M44d());
             inverses_.push_back(carriers_.back().inverse());
         }
+        std::transform(nodes.begin(), nodes.end(), std::back_inserter(nodeInverses_),
+                       [](const decode::ModelNode& node) { return node.world.inverse(); });
+    }
+
+    /// Where a vertex is sent: in the space of the one node that it follows.
+    Imath::V3d sentOf(const SceneCorner& corner) const {
+        const auto vertex = static_cast<std::size_t>(corner.vertex);
+        const bool isSkinned = vertex < expected_.weightsOfVertex.size() && !expected_.weightsOfVertex[vertex].empty();
+        if (expected_.isLocal || (isSkinned && expected_.weightsOfVertex[vertex].size() > 1)) {
+            return corner.position;
+        }
+        const int node = isSkinned ? expected_.weightsOfVertex[vertex].begin()->first : ownNode_;
+        return node < 0 ? corner.position : corner.position * nodeInverses_[static_cast<std::size_t>(node)];
     }
 
     bool fits(const decode::DrawnPolygon& polygon, const decode::DrawnVertex& vertex, const SceneCorner& corner) const {
@@ -196,14 +221,14 @@ private:
     const Expected& expected_;
     int ownNode_;
     double step_;
-    std::vector<Imath::M44d> carriers_, inverses_;
+    std::vector<Imath::M44d> carriers_, inverses_, nodeInverses_;
 };
 
 class FaceCheck {
 public:
     FaceCheck(const report::ExportedModel& model, const ExportedScene& scene, Verification& result)
         : model_(model), scene_(scene), result_(result), materials_(drawnMaterials(model.file)),
-          names_(scene.mergesMaterials) {
+          names_(scene.mergesMaterials), boxes_(model, result) {
         for (const decode::DrawnPolygon& polygon : model.geometry.polygons) {
             polygons_[polygon.node].push_back(polygon);
         }
@@ -226,6 +251,7 @@ public:
                              " is drawn by a node that shows no mesh in the scene");
             }
         }
+        boxes_.run();
     }
 
 private:
@@ -233,16 +259,17 @@ private:
         Expected expected;
         for (const Mesh& mesh : scene_.meshes) {
             Imath::M44d world = scene_.nodes.frameOf(SceneNode{mesh.transform, "", Imath::V3d(0.0), std::nullopt});
-            const std::vector<SceneFace> faces = shadedFaces(mesh.shape, world, scene_.nodes.magnify());
-            expected.faces.insert(expected.faces.end(), faces.begin(), faces.end());
+            addFaces(expected, mesh.shape, world, scene_.nodes.magnify());
         }
-        compare(0, expected, "imd");
+        compare(0, expected, "imd: the united meshes");
     }
 
     void checkMesh(const Mesh& mesh) {
         const std::string place = "imd: " + std::string(mesh.shape.fullPathName().asUTF8());
         if (mesh.isOtherwiseDeformed) {
             result_.note("vertices of " + place.substr(5) + ", which a skeleton moves by something else than a skin");
+            boxes_.leaveOutNode(mesh.node, place.substr(5));
+            boxes_.leaveOutModel(place.substr(5));
             return;
         }
         if (mesh.skin) {
@@ -252,7 +279,7 @@ private:
         Expected expected;
         expected.isLocal = true;
         const Imath::M44d local = atOrigin(scene_.nodes.of(mesh.node)->origin);
-        expected.faces = shadedFaces(mesh.shape, local, scene_.nodes.magnify());
+        addFaces(expected, mesh.shape, local, scene_.nodes.magnify());
         // Seen from its own space a face shows nothing of the mirror that its node stands in.
         if (model_.file.nodes[static_cast<std::size_t>(mesh.node)].world.determinant() < 0.0) {
             for (SceneFace& face : expected.faces) {
@@ -294,7 +321,30 @@ private:
         tolerance.isMaterialOf = [&](const std::string& material, const SceneFace& face) {
             return names_.mayBeOf(material, face.shader);
         };
-        record(compareFaces(materials_, pointers, expected.faces, tolerance), !expected.weightsOfVertex.empty(), place);
+        const FaceDifferences differences = compareFaces(materials_, pointers, expected.faces, tolerance);
+        record(differences, !expected.weightsOfVertex.empty(), place);
+        addToBoxes(node, expected, differences, check, place);
+    }
+
+    void addToBoxes(int node, const Expected& expected, const FaceDifferences& differences, const VertexCheck& check,
+                    const std::string& place) {
+        const Imath::M44d& world = scene_.written[static_cast<std::size_t>(node)].world;
+        if (!expected.isLocal && std::abs(world.determinant()) < 1e-12) {
+            boxes_.leaveOutNode(node, place.substr(5) + ", whose node has no size");
+        } else {
+            boxes_.addFaces(node, expected.faces, differences.polygonOfFace,
+                            expected.isLocal ? Imath::M44d() : world.inverse());
+        }
+        for (const std::vector<SceneFace>* const faces : {&expected.faces, &expected.unshaded}) {
+            for (const SceneFace& face : *faces) {
+                for (const SceneCorner& corner : face.corners) {
+                    boxes_.addSent(check.sentOf(corner), corner.position.length());
+                }
+            }
+        }
+        if (expected.hasLooseVertices) {
+            boxes_.leaveOutModel("vertices without faces");
+        }
     }
 
     double largestScale(bool isLocal) const {
@@ -335,6 +385,7 @@ private:
     Verification& result_;
     std::vector<DrawnMaterial> materials_;
     MaterialNames names_;
+    BoxCheck boxes_;
     std::map<int, std::vector<decode::DrawnPolygon>> polygons_; // by node
 };
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 
 namespace host::app::verify {
@@ -93,9 +94,28 @@ public:
         const int lit = chosen == 2 && !isLit_ ? 0 : chosen;
         const bool isPlaced = placementOf(texture) != std::array<double, 5>{1.0, 1.0, 0.0, 0.0, 0.0};
         expect("tex_gen_mode", wordOf<4>({"none", "tex", "nrm", "pos"}, lit == 0 && isPlaced ? 1 : lit));
+        if (lit == 2 || lit == 3) {
+            expect("tex_gen_st_src", numberOf(shader_, "tvk_tex_gen_st_src") == 1 ? "material" : "polygon");
+            checkEffectMatrix();
+        }
     }
 
 private:
+    void checkEffectMatrix() {
+        const Imath::M44d expected = matrixOf(MFnDependencyNode(shader_).findPlug("tvk_tex_effect_mtx", false));
+        const std::vector<double> written = material_.reals("tex_effect_mtx", 16);
+        for (std::size_t i = 0; i < written.size(); ++i) {
+            const double element = expected[static_cast<int>(i / 4)][static_cast<int>(i % 4)];
+            const double error = std::abs(written[i] - element);
+            const double allowed = 0.55 / 4096 + 4e-7 * std::abs(element);
+            if (!(error <= allowed)) {
+                result_.find(place_ + ": tex_effect_mtx row " + std::to_string(i / 4 + 1) + " column " +
+                             std::to_string(i % 4 + 1) + " is off by " + decimals(error, 6) + ", allowed are " +
+                             decimals(allowed, 6));
+            }
+        }
+    }
+
     void expect(const char* name, const std::string& expected) {
         const std::string& written = material_.value(name);
         if (written != expected) {

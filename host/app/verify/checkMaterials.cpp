@@ -160,6 +160,28 @@ void checkPlacement(const decode::FileElement& material, const MObject& shader, 
     }
 }
 
+// Each display line has the priority of its material's shader, 0 when that asks for none.
+void checkPriorities(const report::ExportedModel& model, const std::vector<int>& priorities, Verification& result) {
+    const auto& nodes = model.file.root.child("body").child("node_array").children;
+    for (const decode::FileElement& node : nodes) {
+        for (const decode::FileElement& display : node.children) {
+            const auto material = static_cast<std::size_t>(display.integer("material"));
+            const int written = display.integer("priority");
+            if (material < priorities.size() && written != priorities[material]) {
+                result.find("imd: node " + report::utf8Name(node.value("name")) + ": priority is " +
+                            std::to_string(written) + " instead of " + std::to_string(priorities[material]));
+            }
+        }
+    }
+}
+
+int priorityOf(const MObject& shader) {
+    if (shader.isNull() || !isOn(shader, "tvk_use_render_priority")) {
+        return 0;
+    }
+    return std::clamp(attributeOf<int>(shader, "tvk_render_priority").value_or(0), 1, 255);
+}
+
 } // namespace
 
 void checkMaterials(const report::ExportedFiles& files, const MaterialNames& names, Verification& result) {
@@ -167,9 +189,11 @@ void checkMaterials(const report::ExportedFiles& files, const MaterialNames& nam
     if (array == nullptr) {
         return;
     }
+    std::vector<int> priorities;
     for (const decode::FileElement& material : array->children) {
         const std::string name = report::utf8Name(material.value("name"));
         const MObject shader = names.shaderOf(material.value("name"));
+        priorities.push_back(priorityOf(shader));
         const std::string place = "imd: material " + name;
         std::array<double, 13> expected{31, 31, 31};
         expected[12] = 31;
@@ -189,6 +213,7 @@ void checkMaterials(const report::ExportedFiles& files, const MaterialNames& nam
             checkPlacement(material, shader, place, result);
         }
     }
+    checkPriorities(*files.model, priorities, result);
 }
 
 } // namespace host::app::verify

@@ -198,6 +198,15 @@ void checkCompensation(const decode::ModelNode& node, const SceneNode& sceneNode
     }
 }
 
+void checkBillboard(const decode::ModelNode& node, const SceneNode* sceneNode, Verification& result) {
+    const int chosen = sceneNode == nullptr ? 0 : attributeOf<int>(sceneNode->path.node(), "tvk_billboard").value_or(0);
+    const std::string expected = chosen == 1 ? "on" : chosen == 2 ? "y_on" : "off";
+    if (node.billboard != expected) {
+        result.find("imd: node " + report::utf8Name(node.name) + ": billboard is " + report::utf8Name(node.billboard) +
+                    " instead of " + expected);
+    }
+}
+
 void checkVisibility(const decode::ModelNode& node, const ExportedScene& scene, Verification& result) {
     const SceneNode& sceneNode = *scene.nodes.of(node.index);
     const bool isSeen = isVisibleBelow(sceneNode.path, sceneNode.top.value_or(sceneNode.path),
@@ -257,8 +266,10 @@ void checkNodes(const report::ExportedModel& model, const ExportedScene& scene, 
             }
             checkChannels(node, Imath::V3d(1.0), Imath::M44d(), Imath::M44d(), {}, {}, "imd: node " + node.name, "",
                           result);
+            checkBillboard(node, nullptr, result);
             continue;
         }
+        checkBillboard(node, scene.nodes.of(node.index), result);
         checkTransform(node, model, scene, result);
         checkCompensation(node, *scene.nodes.of(node.index), scene, result);
         checkVisibility(node, scene, result);

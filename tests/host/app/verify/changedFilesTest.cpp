@@ -73,6 +73,16 @@ TEST_P(ChangedFiles, AreSeen) {
 
 const std::string kRange = VerifiedExport::kAllFiles + "frame_range=2;start_frame=1;end_frame=24";
 
+const std::vector<ChangedPart> kBoxes = {{"imd", "box_test", "pos_scale", By::kOne, "imd: box_test: pos_scale is"},
+                                         {"imd", "box_test", "xyz", By::kStep, "imd: box_test: corner"},
+                                         {"imd", "box_test", "whd", By::kStep, "imd: box_test: extent"},
+                                         {"imd", "polygon", "volume_min", By::kStep, "volume_min"},
+                                         {"imd", "polygon", "volume_max", By::kStep, "volume_max"},
+                                         {"imd", "polygon", "volume_r", By::kStep, "volume_r"},
+                                         {"imd", "node", "volume_min", By::kStep, "volume_min"},
+                                         {"imd", "node", "volume_max", By::kStep, "volume_max"},
+                                         {"imd", "node", "volume_r", By::kStep, "volume_r"}};
+
 INSTANTIATE_TEST_SUITE_P(
     Samples, ChangedFiles,
     testing::Values(
@@ -97,6 +107,15 @@ INSTANTIATE_TEST_SUITE_P(
              ChangedPart{"imd", "nrm", "xyz", By::kNormalStep, "draws what is no face"},
              ChangedPart{"imd", "tex", "st", By::kSixteenth, "draws what is no face"},
              ChangedPart{"imd", "matrix", "node_idx", By::kOne, ""}, ChangedPart{"imd", "mtx_list", "", By::kOne, ""}}},
+        ChangedSet{"boxes", "walk", "", kBoxes}, ChangedSet{"boxesOfSkins", "golem", "", kBoxes},
+        ChangedSet{"boxesOfUnited", "walk", "optimize_node=3", kBoxes},
+        ChangedSet{"choices",
+                   "materials",
+                   "",
+                   {ChangedPart{"imd", "node", "billboard", By::kSwitch, "billboard is"},
+                    ChangedPart{"imd", "display", "priority", By::kOne, "priority is"},
+                    ChangedPart{"imd", "material", "tex_gen_st_src", By::kOne, "tex_gen_st_src is"},
+                    ChangedPart{"imd", "material", "tex_effect_mtx", By::kStep, "tex_effect_mtx row"}}},
         ChangedSet{"materials",
                    "walk",
                    "",

@@ -92,6 +92,34 @@ TEST(VerifiedScenes, TellWhatTheyDoNotCompare) {
                 testing::ElementsAre("scale and rotation of imd: node a, which the scene shears"));
 }
 
+// What no face has and what has no area stands in some of the boxes.
+TEST(VerifiedScenes, OfVerticesThatAreNotDrawn) {
+    VerifiedExport session;
+    MeshSpec mesh = row(3);
+    session.open(nodeText("transform", "a", "", set3("s", 2, 2, 2)) + meshShape("aShape", "a", mesh) +
+                 shadeFaces("aShape", "initialShadingGroup", 0, "f[0:1]"));
+    session.exportOpen("");
+    EXPECT_EQ(session.firstFinding(), "");
+    EXPECT_EQ(session.last.of(Part::kBoxes).compared, 20U); // of a polygon, its node and the model
+    EXPECT_THAT(session.last.notes(), testing::IsEmpty());
+
+    mesh.points.push_back({50, 0, 0});
+    mesh.points.push_back({51, 0, 0});
+    mesh.points.push_back({52, 0, 0});
+    mesh.faces.push_back({8, 9, 10});
+    session.open(meshNode("a", mesh));
+    session.exportOpen("");
+    EXPECT_EQ(session.firstFinding(), "");
+    EXPECT_EQ(session.last.of(Part::kBoxes).compared, 20U);
+    EXPECT_THAT(session.last.notes(), testing::IsEmpty());
+
+    mesh.points.push_back({-70, 0, 0});
+    session.open(meshNode("a", mesh));
+    session.exportOpen("");
+    EXPECT_EQ(session.firstFinding(), "");
+    EXPECT_THAT(session.last.notes(), testing::ElementsAre("box_test, for vertices without faces"));
+}
+
 // A scene that changed since the export is not what the files show.
 TEST(VerifiedScenes, ThatChangedSinceAreTold) {
     VerifiedExport session;
