@@ -57,7 +57,7 @@ endif()
 install(DIRECTORY scripts/ DESTINATION scripts COMPONENT scripts FILES_MATCHING PATTERN "*.mel")
 install(FILES CHANGELOG.md DESTINATION docs COMPONENT guides)
 # Not the pages that are about the sources.
-install(DIRECTORY docs/ DESTINATION docs COMPONENT guides FILES_MATCHING PATTERN "*.md"
+install(DIRECTORY docs/ DESTINATION docs COMPONENT guides FILES_MATCHING PATTERN "*.md" PATTERN "*.png"
     PATTERN "benchmarks.md" EXCLUDE PATTERN "building.md" EXCLUDE PATTERN "testing.md" EXCLUDE)
 install(DIRECTORY samples/ DESTINATION samples COMPONENT guides)
 
