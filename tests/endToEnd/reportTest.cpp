@@ -1,6 +1,7 @@
 // What --report and --report-of tell, held against counts of the files' own words, which need no reader of the format.
 
 #include "FinishedProgram.h"
+#include "guidePages.h"
 #include "sceneText.h"
 
 #include <gmock/gmock.h>
@@ -179,26 +180,17 @@ INSTANTIATE_TEST_SUITE_P(Samples, ReportedSample,
                                          SampleRow{"materials", {"--set", "compress_material=1"}}),
                          [](const testing::TestParamInfo<SampleRow>& row) { return std::string(row.param.name); });
 
-// A fence of the page that begins with this line.
-std::string shownIn(const std::string& page, const std::string& begin) {
-    const std::string text = bytesOf(TVK_DOCS "/" + page);
-    const std::size_t start = text.find("\n```\n" + begin);
-    EXPECT_NE(start, std::string::npos) << begin;
-    const std::size_t from = start + 5;
-    return start == std::string::npos ? "" : text.substr(from, text.find("```", from) - from);
-}
-
 TEST(Report, IsWhatThePageAboutItShows) {
     const FinishedProgram program;
     ASSERT_EQ(program.run({TVK_SAMPLES "/golem.ma", "-o", "golem", "--kinds", "imd,ica"}).status, 0);
-    EXPECT_EQ(program.run({"--report-of", "golem"}).out, shownIn("report.md", "Report of golem\n"));
+    EXPECT_EQ(program.run({"--report-of", "golem"}).out, guideBlock("report.md", "Report of golem\n"));
 }
 
 TEST(Report, ThePageNamesEveryKeyOfTheJson) {
     const FinishedProgram program;
     ASSERT_EQ(
         program.run({TVK_SAMPLES "/walk.ma", "-o", "walk", "--kinds", "imd,ica", "--report-json", "r.json"}).status, 0);
-    const std::string page = bytesOf(TVK_DOCS "/report.md");
+    const std::string page = guidePage("report.md");
     std::vector<Json> objects = {Json::parse(program.bytes("r.json"))};
     while (!objects.empty()) {
         const Json object = objects.back();

@@ -14,6 +14,7 @@
 namespace tvk {
 namespace {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -64,6 +65,14 @@ TEST(Verify, PrintsWhatItsPageShows) {
     const ProgramRun run = program.run({std::string(TVK_SAMPLES) + "/walk.ma", "--kinds", kAllKinds, "--verify"});
     EXPECT_EQ(run.status, 0) << run.error;
     EXPECT_THAT(run.out, HasSubstr(guideBlock("verify.md", "Verified: walk")));
+}
+
+TEST(Verify, PrintsBehindAReportWhatTheFirstPageShows) {
+    const FinishedProgram program;
+    const ProgramRun run =
+        program.run({std::string(TVK_SAMPLES) + "/walk.ma", "--kinds", kAllKinds, "--verify", "--report"});
+    EXPECT_EQ(run.status, 0) << run.error;
+    EXPECT_THAT(run.out, EndsWith(guideBlock("../README.md", "Limits\n")));
 }
 
 TEST(Verify, NamesFilesThatWereNotWritten) {
