@@ -100,7 +100,7 @@ TEST_F(ShapeHistoryWalk, TellsWhatASkeletonDrivesFromModellingDeformers) {
         const ShapeHistory found = history(body() + deformerText(type, "driven", "bodyShapeOrig.w", "bodyShape.i"));
         EXPECT_EQ(names(found), (Names{"driven"})) << type;
     }
-    for (const char* const type : {"blendShape", "tweak", "ffd", "sculpt", "wire"}) {
+    for (const char* const type : {"blendShape", "tweak", "ffd", "nonLinear"}) {
         const ShapeHistory found = history(body() + deformerText(type, "driven", "bodyShapeOrig.w", "bodyShape.i"));
         EXPECT_EQ(names(found), Names{}) << type;
     }
