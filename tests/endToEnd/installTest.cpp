@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <set>
 #include <string>
 
@@ -85,10 +86,11 @@ TEST_F(Installed, NothingLeadsBackToWhereItWasBuilt) {
         EXPECT_EQ(run.status, 0) << run.said;
         EXPECT_THAT(run.said, AllOf(Not(HasSubstr("not found")), Not(HasSubstr(TVK_BUILD_FOLDER)))) << file;
         // Of all that it loads, only this is no part of every system.
-        const std::size_t imath = run.said.find("libImath");
+        const std::string said = std::regex_replace(run.said, std::regex("/\\./"), "/"); // as some loaders name it
+        const std::size_t imath = said.find("libImath");
         EXPECT_TRUE(imath == std::string::npos ||
-                    run.said.find(program.path("first/bin/libImath"), imath) < run.said.find('\n', imath))
-            << run.said;
+                    said.find(program.path("first/bin/libImath"), imath) < said.find('\n', imath))
+            << said;
     }
 }
 
