@@ -1,5 +1,6 @@
 #include "host/nodes/clusterCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/deformerCompute.h"
 #include "host/nodes/pointWeights.h"
@@ -18,10 +19,6 @@ struct ClusterAttributes {
 
     AttrIndex weights, bindPreMatrix, geomMatrix, matrix, xforms, preMatrix, weightedMatrix, postMatrix;
 };
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 /// World space before to world space after.
 Matrix44 movement(Evaluation& evaluation, Node& node, const ClusterAttributes& attr) {

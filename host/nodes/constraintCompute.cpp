@@ -1,5 +1,6 @@
 #include "host/nodes/constraintCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/constraintTargets.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/matrixPieces.h"
@@ -16,10 +17,6 @@ namespace {
 
 using Imath::M33d;
 using Imath::V3d;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 /// The outputs that a constraint has as any transform.
 bool computeAsTransform(Evaluation& evaluation, Node& node, const PlugAddress& output) {

@@ -1,5 +1,6 @@
 #include "host/nodes/constraintTargets.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/blendRotation.h"
 #include "host/nodes/keptValue.h"
 #include "host/nodes/matrixPieces.h"
@@ -13,10 +14,6 @@ namespace {
 
 using Imath::M33d;
 using Imath::V3d;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 V3d turned(const V3d& vector, const Matrix44& matrix) {
     V3d result;

@@ -1,5 +1,6 @@
 #include "host/nodes/curveShapeCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/blendRotation.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/matrixPieces.h"
@@ -20,10 +21,6 @@ namespace {
 
 using Imath::M33d;
 using Imath::V3d;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 struct CurveAttributes {
     explicit CurveAttributes(const NodeType& type)

@@ -1,5 +1,6 @@
 #include "host/nodes/dagCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/transformMatrix.h"
 #include "host/nodes/tripleValues.h"
 
@@ -76,10 +77,6 @@ const TransformAttributes& transformAttributes(const Node& transform) {
 const JointAttributes& jointAttributes(const Node& joint) {
     static const JointAttributes kAttributes(joint.type());
     return kAttributes;
-}
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
 }
 
 V3d readLimited(Evaluation& evaluation, Node& node, AttrIndex first, const TransformAttributes::Limits& limits) {

@@ -1,5 +1,6 @@
 #include "host/nodes/deformerSpaces.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/geometryPlugs.h"
 
 #include <algorithm>
@@ -8,10 +9,6 @@
 namespace host {
 
 namespace {
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 /// The shape that shows what comes out here, behind the deformers that may follow; null when none does.
 Node* shapeBehind(const Graph& graph, const Plug& output) {

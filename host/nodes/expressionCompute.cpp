@@ -1,5 +1,6 @@
 #include "host/nodes/expressionCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/expressionText.h"
 #include "host/nodes/keptValue.h"
 
@@ -20,10 +21,6 @@ constexpr std::uint64_t kMostSteps = 200000;
 
 /// What `.I[n]` and `.O[n]` may be; a larger n in a scene would only take memory.
 constexpr std::size_t kMostElements = 65536;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 struct ExpressionAttributes {
     explicit ExpressionAttributes(const NodeType& type)

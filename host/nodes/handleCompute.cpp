@@ -1,5 +1,6 @@
 #include "host/nodes/handleCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/deformerCompute.h"
 #include "host/nodes/pointWeights.h"
@@ -16,10 +17,6 @@ namespace host {
 namespace {
 
 using Imath::V3d;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 struct HandleData final : Data {
     HandleData() : Data(DataKind::kOther) {}

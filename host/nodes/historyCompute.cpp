@@ -1,5 +1,6 @@
 #include "host/nodes/historyCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/deformerCompute.h"
 
 #include "host/geometry/LatticeData.h"
@@ -13,10 +14,6 @@
 namespace host {
 
 namespace {
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 void setGroup(std::vector<ComponentGroup>& groups, std::int32_t id, std::shared_ptr<const ComponentList> components) {
     const auto found =

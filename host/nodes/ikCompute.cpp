@@ -1,5 +1,6 @@
 #include "host/nodes/ikCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/blendRotation.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/ikChain.h"
@@ -23,10 +24,6 @@ constexpr double kHalfTurn = 3.14159265358979323846;
 /// angles, of which a chain that is nearly straight needs much to move its end little.
 constexpr double kGoalTolerance = 1e-6;
 constexpr double kAngleTolerance = 1e-4;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 struct HandleAttributes {
     explicit HandleAttributes(const NodeType& type)

@@ -1,5 +1,6 @@
 #include "host/nodes/latticeCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/deformerCompute.h"
 #include "host/nodes/meshRows.h"
@@ -18,10 +19,6 @@ namespace host {
 namespace {
 
 using Imath::V3d;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 struct LatticeAttributes {
     explicit LatticeAttributes(const NodeType& type)

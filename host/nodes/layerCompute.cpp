@@ -1,5 +1,6 @@
 #include "host/nodes/layerCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/blendRotation.h"
 #include "host/nodes/tripleValues.h"
 
@@ -13,10 +14,6 @@ namespace {
 
 using Imath::M33d;
 using Imath::V3d;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 struct LayerAttributes {
     explicit LayerAttributes(const NodeType& type)

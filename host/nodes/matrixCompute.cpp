@@ -1,5 +1,6 @@
 #include "host/nodes/matrixCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/blendRotation.h"
 #include "host/nodes/matrixPieces.h"
 #include "host/nodes/tripleValues.h"
@@ -16,10 +17,6 @@ namespace {
 using Imath::M33d;
 using Imath::Quatd;
 using Imath::V3d;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 /// Asks `use` to take in each element of an array of matrices.
 template <typename Use>

@@ -1,5 +1,6 @@
 #include "host/nodes/meshCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/dagCompute.h"
 #include "host/nodes/meshQueries.h"
 #include "host/nodes/meshRows.h"
@@ -29,10 +30,6 @@ struct ShapeAttributes {
 const ShapeAttributes& shapeAttributes(const Node& mesh) {
     static const ShapeAttributes kAttributes(mesh.type());
     return kAttributes;
-}
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
 }
 
 /// A history that makes nothing leaves the copy that the file may have kept.

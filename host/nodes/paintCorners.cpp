@@ -1,5 +1,7 @@
 #include "host/nodes/paintCorners.h"
 
+#include "host/nodes/address.h"
+
 #include <algorithm>
 #include <memory>
 #include <string>
@@ -22,10 +24,6 @@ struct PaintAttributes {
 
     AttrIndex vertices, vertexRed, vertexAlpha, faces, faceRed, faceAlpha, setName, representation, clamped;
 };
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 ColorRepresentation representationOf(double number) {
     return number == 1.0   ? ColorRepresentation::kAlpha

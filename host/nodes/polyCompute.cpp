@@ -1,5 +1,6 @@
 #include "host/nodes/polyCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/deformerCompute.h"
 #include "host/nodes/historyCompute.h"
 #include "host/nodes/meshRows.h"
@@ -20,10 +21,6 @@
 namespace host {
 
 namespace {
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 void tweakPoints(Evaluation& evaluation, Node& node, MeshData& mesh) {
     static const AttrIndex kTweak = node.type().find("tweak");

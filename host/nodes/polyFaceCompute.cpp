@@ -1,5 +1,6 @@
 #include "host/nodes/polyFaceCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/historyCompute.h"
 #include "host/nodes/polyModifier.h"
 
@@ -21,10 +22,6 @@ namespace {
 
 using Imath::V3d;
 using Imath::V3f;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 double numberOf(Evaluation& evaluation, Node& node, const char* name) {
     return evaluation.number(node, node.type().find(name));

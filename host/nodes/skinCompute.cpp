@@ -1,5 +1,6 @@
 #include "host/nodes/skinCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/deformerCompute.h"
 
 #include "host/graph/Evaluation.h"
@@ -31,10 +32,6 @@ constexpr double kPostNormalized = 2.0;
 constexpr std::int32_t kMostInfluences = 1 << 16;
 constexpr std::int64_t kVerticesPerEntry = 16;
 constexpr std::int64_t kVerticesAlways = 65536;
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 /// Gathers the weights vertex by vertex.
 class WeightGatherer {

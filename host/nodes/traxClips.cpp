@@ -1,5 +1,7 @@
 #include "host/nodes/traxClips.h"
 
+#include "host/nodes/address.h"
+
 #include "host/geometry/ArrayData.h"
 
 #include <algorithm>
@@ -9,10 +11,6 @@
 namespace host {
 
 namespace {
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 std::int32_t lastIndex(const PlugAddress& at) {
     return at.depth > 0 ? at.index[static_cast<std::size_t>(at.depth) - 1] : -1;

@@ -1,5 +1,6 @@
 #include "host/nodes/traxCompute.h"
 
+#include "host/nodes/address.h"
 #include "host/nodes/clipTiming.h"
 #include "host/nodes/curveCompute.h"
 #include "host/nodes/traxClips.h"
@@ -13,10 +14,6 @@
 namespace host {
 
 namespace {
-
-PlugAddress address(AttrIndex attr) {
-    return {attr, 0, {}};
-}
 
 /// A character's elements and what the clips make of them, by kind.
 struct ChannelArrays {

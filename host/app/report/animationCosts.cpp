@@ -77,34 +77,33 @@ std::int64_t storedKeys(const decode::FileElement& root, const char* data) {
     return frames == nullptr ? 0 : frames->integer("size");
 }
 
-AnimationCosts costsOf(const decode::PatternFile& file) {
-    AnimationCosts costs{"itp", file.info->integer("frame_size"), {}};
-    if (!file.entries.empty()) {
+/// What the keys of things of one kind cost.
+///   frames   the thing's member with the value of every frame
+template <typename Thing, typename Frames>
+AnimationCosts costsOfKeys(const char* kind, const decode::FileElement& root, const char* data,
+                           const std::vector<Thing>& things, Frames Thing::*frames, int frameCount) {
+    AnimationCosts costs{kind, frameCount, {}};
+    if (!things.empty()) {
         PoolCosts pool;
-        pool.name = "tex_pattern_data";
+        pool.name = data;
         pool.unit = "keys";
-        pool.stored = storedKeys(file.root, "tex_pattern_data");
-        for (const decode::PatternFile::Entry& entry : file.entries) {
-            addChannel(entry.dataSize, entry.images, pool);
+        pool.stored = storedKeys(root, data);
+        for (const Thing& thing : things) {
+            addChannel(thing.dataSize, thing.*frames, pool);
         }
         costs.pools.push_back(pool);
     }
     return costs;
 }
 
+AnimationCosts costsOf(const decode::PatternFile& file) {
+    return costsOfKeys("itp", file.root, "tex_pattern_data", file.entries, &decode::PatternFile::Entry::images,
+                       file.info->integer("frame_size"));
+}
+
 AnimationCosts costsOf(const decode::VisibilityFile& file) {
-    AnimationCosts costs{"iva", file.info->integer("frame_size"), {}};
-    if (!file.nodes.empty()) {
-        PoolCosts pool;
-        pool.name = "visibility_data";
-        pool.unit = "keys";
-        pool.stored = storedKeys(file.root, "visibility_data");
-        for (const decode::VisibilityFile::Node& node : file.nodes) {
-            addChannel(node.dataSize, node.frames, pool);
-        }
-        costs.pools.push_back(pool);
-    }
-    return costs;
+    return costsOfKeys("iva", file.root, "visibility_data", file.nodes, &decode::VisibilityFile::Node::frames,
+                       file.info->integer("frame_size"));
 }
 
 } // namespace
